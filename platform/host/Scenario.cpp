@@ -1,0 +1,312 @@
+#include "Scenario.h"
+
+#include "OperationNames.h"
+
+#include <charconv>
+#include <functional>
+#include <glib.h>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+
+namespace host
+{
+namespace
+{
+
+constexpr int kServiceIdTag = 12;
+
+// Six services over air, cable and satellite, one of them a VC channel (type 9) and one without a programme.
+constexpr const char* kBuiltIn = R"([vconf]
+db/tv-viewer/window_id=77
+
+[latest]
+rf_cable=8193
+rf_air=4097
+veluna_cable=8194
+veluna_air=4098
+
+[service air 5]
+1=2
+3=0
+4=506000
+12=4096
+13=5
+14=1
+23=1
+25=0
+title=Evening News
+
+[service air 7]
+1=2
+3=0
+4=514000
+12=4097
+13=7
+14=1
+23=1
+25=0
+title=Gardens of the North
+
+[service air vc 9]
+1=9
+3=0
+4=522000
+12=4098
+13=9
+14=0
+23=1
+25=0
+115=0
+title=City Channel
+
+[service cable 21]
+1=4
+3=0
+4=602000
+12=8193
+13=21
+14=1
+23=1
+25=0
+title=Match of the Week
+
+[service cable 22]
+1=4
+3=0
+4=610000
+12=8194
+13=22
+14=1
+23=1
+25=0
+
+[service satellite 101]
+1=6
+3=0
+4=11720000
+12=12289
+13=101
+14=1
+23=1
+25=0
+title=Späte Lieder
+)";
+
+template <class Number> std::optional<Number> ParseNumber(const std::string& text)
+{
+    Number number{};
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc{} || stop != end || text.empty())
+        return std::nullopt;
+    return number;
+}
+
+struct Freer {
+    void operator()(GKeyFile* file) const { g_key_file_free(file); }
+    void operator()(GError* error) const { g_error_free(error); }
+    void operator()(char** list) const { g_strfreev(list); }
+    void operator()(char* text) const { g_free(text); }
+};
+template <class T> using Owned = std::unique_ptr<T, Freer>;
+
+class Reader
+{
+public:
+    Reader(std::string path, GKeyFile* file) : m_path(std::move(path)), m_file(file) {}
+
+    Scenario Read()
+    {
+        gsize count = 0;
+        const Owned<char*> groups(g_key_file_get_groups(m_file, &count));
+        for (gsize i = 0; i < count; ++i)
+            ReadGroup(groups.get()[i]);
+        return std::move(m_scenario);
+    }
+
+private:
+    using KeyReader = void (Reader::*)(const std::string& key);
+
+    void ReadGroup(const std::string& group)
+    {
+        static const std::map<std::string, KeyReader> readers = {
+            {"tv", &Reader::ReadTv},         {"vconf", &Reader::ReadVconf}, {"latest", &Reader::ReadLatest},
+            {"result", &Reader::ReadResult}, {"throw", &Reader::ReadThrow},
+        };
+        m_group = group;
+        KeyReader reader = &Reader::ReadService;
+        if (group.rfind("service", 0) == 0) {
+            m_scenario.services.emplace_back();
+        } else {
+            const auto found = readers.find(group);
+            if (found == readers.end())
+                throw std::runtime_error("scenario " + m_path + ": [" + group + "]: unknown group");
+            reader = found->second;
+        }
+        gsize count = 0;
+        const Owned<char*> keys(g_key_file_get_keys(m_file, group.c_str(), &count, nullptr));
+        for (gsize i = 0; i < count; ++i)
+            (this->*reader)(keys.get()[i]);
+    }
+
+    void ReadTv(const std::string& key)
+    {
+        if (key == "antenna_mode")
+            m_scenario.antennaMode = Number<std::int32_t>(key);
+        else if (key == "service_mode")
+            m_scenario.serviceMode = Number<std::int32_t>(key);
+        else if (key == "caption_exist")
+            m_scenario.captionExist = Bool(key);
+        else if (key == "pid_set_status")
+            m_scenario.pidSetStatus = Bool(key);
+        else if (key == "zoom_available")
+            m_scenario.zoomAvailable = Bool(key);
+        else if (key == "zoom_sharing_type")
+            m_scenario.zoomSharingType = Number<std::int32_t>(key);
+        else
+            Fail(key, "unknown key");
+    }
+
+    void ReadVconf(const std::string& key) { m_scenario.vconf[key] = Number<std::int32_t>(key); }
+
+    void ReadLatest(const std::string& key)
+    {
+        if (key == "rf_cable")
+            m_scenario.latestRFCable = Number<std::uint64_t>(key);
+        else if (key == "rf_air")
+            m_scenario.latestRFAir = Number<std::uint64_t>(key);
+        else if (key == "veluna_cable")
+            m_scenario.latestVelunaCable = Number<std::uint64_t>(key);
+        else if (key == "veluna_air")
+            m_scenario.latestVelunaAir = Number<std::uint64_t>(key);
+        else
+            Fail(key, "unknown key");
+    }
+
+    void ReadService(const std::string& key)
+    {
+        ScenarioService& service = m_scenario.services.back();
+        if (key == "title") {
+            service.title = Text(key);
+            return;
+        }
+        const auto tag = ParseNumber<std::uint16_t>(key);
+        if (!tag)
+            Fail(key, "unknown key");
+        std::optional<std::uint64_t> value;
+        if (!Raw(key).empty())
+            value = *tag == kServiceIdTag ? Number<std::uint64_t>(key) : TagValue(key);
+        service.tags[*tag] = value;
+    }
+
+    // Fields other than the service id are 32 bits wide, and some of them are counts without a sign.
+    std::uint64_t TagValue(const std::string& key)
+    {
+        const auto value = Number<std::int64_t>(key);
+        if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::uint32_t>::max())
+            Fail(key, "not a number of 32 bits");
+        return static_cast<std::uint32_t>(value);
+    }
+
+    void ReadResult(const std::string& key)
+    {
+        CheckOperation(key);
+        std::string value = Raw(key);
+        Fault& fault = m_scenario.faults[key];
+        const std::string word = " object";
+        if (value.size() > word.size() && value.compare(value.size() - word.size(), word.size(), word) == 0) {
+            if (!IsFactory(key))
+                Fail(key, "only a factory makes an object");
+            fault.object = true;
+            value.resize(value.find_last_not_of(" \t", value.size() - word.size()) + 1);
+        }
+        fault.result = ParseNumber<std::int32_t>(value);
+        if (!fault.result)
+            Fail(key, "not a number of 32 bits");
+    }
+
+    void ReadThrow(const std::string& key)
+    {
+        CheckOperation(key);
+        m_scenario.faults[key].thrown = Text(key);
+    }
+
+    void CheckOperation(const std::string& key)
+    {
+        if (!IsOperation(key))
+            Fail(key, "unknown operation");
+    }
+
+    template <class T> T Number(const std::string& key)
+    {
+        const auto number = ParseNumber<T>(Raw(key));
+        if (!number)
+            Fail(key, sizeof(T) == sizeof(std::int32_t) ? "not a number of 32 bits" : "not a number of 64 bits");
+        return *number;
+    }
+
+    bool Bool(const std::string& key)
+    {
+        const std::string value = Raw(key);
+        if (value != "true" && value != "false")
+            Fail(key, "neither true nor false");
+        return value == "true";
+    }
+
+    // The value as it stands, without the blanks around it.
+    std::string Raw(const std::string& key)
+    {
+        const Owned<char> value(g_key_file_get_value(m_file, m_group.c_str(), key.c_str(), nullptr));
+        return value ? g_strstrip(value.get()) : "";
+    }
+
+    std::string Text(const std::string& key)
+    {
+        GError* raised = nullptr;
+        const Owned<char> value(g_key_file_get_string(m_file, m_group.c_str(), key.c_str(), &raised));
+        const Owned<GError> error(raised);
+        if (!value)
+            Fail(key, "not a text in UTF-8");
+        return value.get();
+    }
+
+    [[noreturn]] void Fail(const std::string& key, const std::string& reason) const
+    {
+        throw std::runtime_error("scenario " + m_path + ": [" + m_group + "] " + key + ": " + reason);
+    }
+
+    std::string m_path;
+    GKeyFile* m_file;
+    std::string m_group;
+    Scenario m_scenario;
+};
+
+Scenario ReadKeyFile(const std::string& path, const std::function<gboolean(GKeyFile*, GError**)>& load)
+{
+    const Owned<GKeyFile> file(g_key_file_new());
+    GError* raised = nullptr;
+    const bool loaded = load(file.get(), &raised) != FALSE;
+    const Owned<GError> error(raised);
+    if (!loaded)
+        throw std::runtime_error("scenario " + path + ": " + error->message);
+    return Reader(path, file.get()).Read();
+}
+
+} // namespace
+
+Scenario LoadScenario(const std::string& path)
+{
+    return ReadKeyFile(path, [&](GKeyFile* file, GError** error) {
+        return g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, error);
+    });
+}
+
+Scenario BuiltInScenario()
+{
+    return ReadKeyFile("(built in)", [](GKeyFile* file, GError** error) {
+        return g_key_file_load_from_data(file, kBuiltIn, static_cast<gsize>(-1), G_KEY_FILE_NONE, error);
+    });
+}
+
+} // namespace host

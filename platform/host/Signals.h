@@ -1,0 +1,56 @@
+// Subscriptions to the TV service's signals, and the threads that deliver them.
+#pragma once
+
+#include "tvs-api/TVServiceAPI.h"
+
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <variant>
+#include <vector>
+
+namespace host
+{
+
+using SignalCallback = std::variant<TSignalCallback, TPipelineSignalCallback>;
+
+/// All operations may be called on any thread. Made on first use and never destroyed.
+class SignalHub
+{
+public:
+    static SignalHub& Instance();
+
+    /// The subscription of that callback, made if it has none. Belongs to the hub.
+    ISignalSubscriber* Subscribe(SignalCallback callback);
+    /// Ends the subscription; waits for its callback if that is running on another thread.
+    void Unsubscribe(SignalCallback callback);
+    /// Queues the signal for every subscription that has its type now, and returns.
+    void Raise(ESignalType type, const TVSHandle& pipeline, const TSSignalData& data);
+
+private:
+    class Subscription;
+    struct Event {
+        std::shared_ptr<Subscription> subscription;
+        ESignalType type;
+        TVSHandle pipeline;
+        TSSignalData data;
+    };
+
+    SignalHub() = default;
+    void StartDispatcher();
+    void Dispatch();
+    void WaitUntilDispatched();
+    static int DispatchOnMainContext(void*);
+
+    std::mutex m_mutex; // guards all below, and the types of every subscription
+    std::vector<std::shared_ptr<Subscription>> m_subscriptions;
+    std::deque<Event> m_ownEvents;  // for three-argument callbacks, on the dispatcher thread
+    std::deque<Event> m_mainEvents; // for five-argument callbacks, on the default main context
+    std::condition_variable m_raised;
+    std::condition_variable m_dispatched;
+    bool m_dispatcherStarted = false;
+    bool m_dispatching = false;
+};
+
+} // namespace host

@@ -1,0 +1,57 @@
+// The trace: one line per platform call, each written whole.
+#pragma once
+
+#include "tvs-api/Query.h"
+#include "tvs-api/Records.h"
+#include "tvs-api/Services.h"
+
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+namespace host
+{
+
+/// A word that stands in the trace without quotes.
+struct Bare {
+    const char* word;
+};
+
+/// How values stand in the trace.
+std::string Show(bool value);
+std::string Show(std::string_view text);
+std::string Show(const TSTvMode& mode);
+std::string Show(const TSRectInfo& rectangle);
+std::string Show(const TCCriteriaHelper& criteria);
+std::string Show(const TServiceList& services);
+std::string Show(const std::vector<int>& ids);
+inline std::string Show(const std::string& text) { return Show(std::string_view(text)); }
+inline std::string Show(Bare bare) { return bare.word; }
+inline std::string Show(const char* text) { return Show(std::string_view(text)); }
+inline std::string Show(const TSTvMode* mode) { return mode == nullptr ? "null" : Show(*mode); }
+template <class Number, class = std::enable_if_t<std::is_arithmetic_v<Number> || std::is_enum_v<Number>>>
+std::string Show(Number value)
+{
+    return std::to_string(+value);
+}
+
+/// The text as it is, but for its line ends.
+std::string OneLine(std::string text);
+
+class Trace
+{
+public:
+    /// Opens the file and empties it; "-" is standard error. Throws std::runtime_error with one line.
+    void Open(const std::string& path);
+    bool IsOpen() const { return m_descriptor >= 0; }
+    /// Writes one line; a line end is added. Any thread.
+    void Write(std::string line);
+
+private:
+    std::mutex m_mutex;
+    int m_descriptor = -1;
+};
+
+} // namespace host

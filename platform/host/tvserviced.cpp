@@ -1,0 +1,29 @@
+// The TV service as a process of its own, on the bus that TVS_BUS names. It ends when that bus ends.
+#include "DebugPrintService.h"
+#include "Environment.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <string>
+
+int main()
+{
+    host::KeepStandardDescriptors();
+    const auto setting = host::Setting("TVS_BUS");
+    if (!setting) {
+        host::Complain("tvserviced: TVS_BUS is not set: give session, system or a D-Bus address");
+        return EXIT_FAILURE;
+    }
+    try {
+        const host::Bus bus = host::OpenServiceBus(*setting);
+        host::Checked(sd_bus_request_name(bus.get(), host::kServiceBusName, 0));
+        std::printf("tvserviced: serving %s on %s\n", host::kServiceBusName, setting->c_str());
+        std::fflush(stdout);
+        host::DebugPrintService().Serve(bus.get());
+        host::Complain("tvserviced: the bus has ended");
+    } catch (const std::exception& error) {
+        host::Complain("tvserviced: " + *setting + ": " + error.what());
+    }
+    return EXIT_FAILURE;
+}

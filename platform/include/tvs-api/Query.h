@@ -1,0 +1,49 @@
+// Building queries to the service database.
+#pragma once
+
+#include "tvs-api/Types.h"
+
+#include <vector>
+
+/// A query: conditions that all hold, and the fields to deliver. Fields are numbered as in a service record.
+class TCCriteriaHelper
+{
+public:
+    /// One call, kept in the order of the calls.
+    struct Step {
+        enum Kind { NAVIGATION, WHERE, WHERE_NOT, FETCH };
+        Kind kind;
+        int field; ///< NAVIGATION: the navigation mode
+        int value; ///< NAVIGATION: the sort mode; FETCH: unused
+    };
+
+    /// Asks for services whose field has this value.
+    void Where(int field, int value);
+    /// Leaves out services whose field has this value.
+    void WhereNot(int field, int value);
+    /// Asks for this field to be delivered.
+    void Fetch(int field);
+
+    /// All calls so far, in order.
+    const std::vector<Step>& GetSteps() const;
+
+private:
+    friend class TCNavigationModeHelper;
+    std::vector<Step> m_steps;
+};
+
+class TCNavigationModeHelper
+{
+public:
+    /// Puts the conditions of a navigation mode into `criteria`.
+    static void GetNavigationCriteria(ENavigationMode mode, TCCriteriaHelper& criteria, ENavigationSortMode sort);
+};
+
+class TCServiceUtility
+{
+public:
+    /// Channel type (field 1) of digital services over this antenna: 2, 4, 6; 0 for an unknown antenna.
+    static int AntennaModeToDigitalChannelType(EAntennaMode antenna);
+    /// Service mode of a service profile; -1 for an unknown profile.
+    static EServiceMode ServiceProfileToServiceMode(EServiceProfile profile);
+};

@@ -1,0 +1,97 @@
+// Records that TV service operations take and fill.
+#pragma once
+
+#include "tvs-api-internal/Marshalable.h"
+#include "tvs-api/Types.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// A TV mode: antenna and kind of service. Both -1 where the current mode is meant or to be filled in.
+struct TSTvMode : TCMarshalable {
+    TSTvMode(EAntennaMode antenna, EServiceMode service) : antennaMode(antenna), serviceMode(service) {}
+
+    EAntennaMode antennaMode;
+    EServiceMode serviceMode;
+};
+
+/// A rectangle on the screen, in pixels.
+struct TSRectInfo : TCMarshalable {
+    TSRectInfo() = default;
+    TSRectInfo(int left, int top, int w, int h) : x(left), y(top), width(w), height(h) {}
+
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+};
+
+/// One field of a service record.
+class TCTag
+{
+public:
+    /// A field without a value.
+    TCTag() = default;
+    /// A field with `size` bytes of value, copied from `data`.
+    TCTag(const void* data, std::size_t size);
+
+    /// The value, owned by the tag: 64 bits for the service id (12), 32 bits otherwise; null if it has none.
+    const void* GetData() const;
+
+private:
+    std::vector<unsigned char> m_data;
+};
+
+/// The fields of a service record by number.
+class TCTagSet
+{
+public:
+    /// The field, owned by the set; null if it is not there.
+    const TCTag* GetTag(int number) const;
+    /// Adds a field or replaces it.
+    void SetTag(int number, TCTag tag);
+
+private:
+    std::map<int, TCTag> m_tags;
+};
+
+/// One service of the TV service's database.
+class TCServiceData
+{
+public:
+    /// The fields that were fetched, owned by the record; null if there are none.
+    const TCTagSet* GetTagSet() const;
+    /// Adds a field; the tag set comes into being with the first.
+    void SetTag(int number, TCTag tag);
+
+private:
+    std::unique_ptr<TCTagSet> m_tags;
+};
+
+/// One programme of the guide.
+class TCProgramData
+{
+public:
+    /// Copies the title in UTF-16 to `buffer`, without a terminating zero. `length` is the room on entry and the
+    /// title's length on return, both in 16-bit units; a longer title is cut. False if there is no title.
+    bool Title(unsigned short* buffer, unsigned int* length) const;
+    /// Sets the title.
+    void SetTitle(std::u16string title);
+
+private:
+    std::u16string m_title;
+};
+
+/// What one pipeline plays.
+struct TCPipelineInfo {
+    ESource source = SOURCE_TV;
+    unsigned long long serviceId = INVALID_SERVICE_ID;
+};
+
+/// State of all pipelines.
+struct TCTPMSStatus {
+    std::map<TVSHandle, TCPipelineInfo> pipelines;
+};

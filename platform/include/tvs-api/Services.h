@@ -1,0 +1,67 @@
+// Interfaces to the service database, the programme guide and the scans. Operations are synchronous; unless its
+// line says otherwise each returns a number above 0 on success, and may throw std::exception.
+#pragma once
+
+#include "tvs-api/ITvsSession.h"
+#include "tvs-api/Query.h"
+#include "tvs-api/Records.h"
+
+#include <list>
+#include <string>
+#include <utility>
+
+/// Service ids with the kind of each (5 for a service of the list).
+using TServiceList = std::list<std::pair<unsigned long long, unsigned int>>;
+
+/// The service database.
+class IService : public ITvsSession
+{
+public:
+    /// Fills in the first service that matches, at most `count` (1). 0 or less: none matches.
+    virtual int FindService(const TCCriteriaHelper& criteria, TCServiceData& service, int count) = 0;
+};
+
+/// Moving through the services on one pipeline.
+class IServiceNavigation : public ITvsSession
+{
+public:
+    /// Fills in the current mode.
+    virtual int GetTvMode(TSTvMode& mode) = 0;
+    virtual int SetTvMode(TSTvMode mode, const std::string& options) = 0;
+    /// Switches the mode and to this service of it.
+    virtual int SetTvMode(TSTvMode mode, const unsigned long long& serviceId, const std::string& options) = 0;
+    virtual int SetDTVMode(EDTVMode mode, bool on) = 0;
+    /// The two numbers are reserved, 0.
+    virtual int SetService(const unsigned long long& serviceId, int reserved1, int reserved2,
+                           const std::string& options) = 0;
+    /// The service to show after power-on; the mode is read, -1 for the current one. The number is reserved, 0.
+    virtual int SetBootupService(const unsigned long long& serviceId, TSTvMode* mode, int reserved) = 0;
+    /// Appends a record for each match, in list order; the caller deletes them. From `first`, at most `count`
+    /// (0 and 0: all).
+    virtual int FindServices(const TCCriteriaHelper& criteria, std::list<TCServiceData*>& services, TSTvMode mode,
+                             int first, int count) = 0;
+    /// Writes the service last shown in that mode; leaves the variable alone if there is none.
+    virtual int GetLatestRFServiceId(unsigned long long& serviceId, TSTvMode mode) = 0;
+    virtual int GetLatestVelunaServiceId(unsigned long long& serviceId, TSTvMode mode) = 0;
+};
+
+/// The programme guide.
+class IServiceGuide : public ITvsSession
+{
+public:
+    /// Fills in the programme that the service shows now. 0 or less: it has none.
+    virtual int GetProgram(const unsigned long long& serviceId, TCProgramData& program) = 0;
+};
+
+/// Scans that collect guide data in the background; they report with signals on profile 702.
+class IScanControl : public ITvsSession
+{
+public:
+    virtual int IsTuneAroundNeeded(const TServiceList& services) = 0;
+    /// Tunes to each service in turn on behalf of that application.
+    virtual int StartTuneAround(const TServiceList& services, const std::string& application) = 0;
+    virtual int StopManualScan() = 0;
+    virtual int IsBarkerChannelScanAvailable(TSTvMode mode) = 0;
+    virtual int StartBarkerChannelScan(const std::string& options, TSTvMode mode) = 0;
+    virtual int StopBarkerChannelScan() = 0;
+};
