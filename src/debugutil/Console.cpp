@@ -1,0 +1,40 @@
+#include "debugutil/Console.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <limits>
+
+namespace console
+{
+
+void Write(const std::string& text) { std::cout << text << std::flush; }
+
+void WriteLine(std::string text) { Write(text += '\n'); }
+
+bool ReadWord(std::string& word) { return static_cast<bool>(std::cin >> word); }
+
+bool Ask(const std::string& prompt, std::string& word)
+{
+    Write(prompt);
+    return ReadWord(word);
+}
+
+std::optional<std::int32_t> AskNumber(const std::string& prompt)
+{
+    std::string word;
+    if (!Ask(prompt, word))
+        return std::nullopt;
+    return ToNumber(word);
+}
+
+bool InputEnded() { return !std::cin; }
+
+std::int32_t ToNumber(const std::string& word)
+{
+    using Limits = std::numeric_limits<std::int32_t>;
+    const long number = std::strtol(word.c_str(), nullptr, 10);
+    return static_cast<std::int32_t>(std::clamp<long>(number, Limits::min(), Limits::max()));
+}
+
+} // namespace console

@@ -1,0 +1,137 @@
+#include "debugutil/DebugPrintControlProxy.h"
+
+#include "debugutil/Console.h"
+
+#include <cstdio>
+#include <new>
+
+namespace
+{
+
+constexpr unsigned kConstructorLine = 20;
+constexpr std::int32_t kFailed = -1;
+
+// A request only reads the values pushed into it.
+template <class Value> Value* ForRequest(const Value& value) { return const_cast<Value*>(&value); }
+
+// Every result of 4 bytes is the first value of its call.
+class TCRemoteCall : public TCMarshallingHelperProxy
+{
+public:
+    TCRemoteCall() { PushValue(MARSHALLING_REPLY, sizeof m_result, &m_result); }
+    std::int32_t ResultIf(bool succeeded) const { return succeeded ? m_result : kFailed; }
+
+private:
+    std::int32_t m_result = kFailed;
+};
+
+} // namespace
+
+// NOLINTNEXTLINE(modernize-pass-by-value): the interface takes a reference
+TCDebugPrintControlProxy::TCDebugPrintControlProxy(const std::string& serviceName)
+    : m_serviceName(serviceName), m_pTVSConnection(new (std::nothrow) TVServiceAPIConnection(
+                                      "com.kavrin.TVService.SignalIFace", "/com/kavrin/TVService/SignalObject", true))
+{
+    if (m_pTVSConnection == nullptr) {
+        _TCApiAssert("m_pTVSConnection", "src/debugutil/DebugPrintControlProxy", kConstructorLine, nullptr);
+        char line[64];
+        std::snprintf(line, sizeof line, "ASSERT!!! - function %s, line %u", "TCDebugPrintControlProxy",
+                      kConstructorLine);
+        console::Write(line);
+    }
+}
+
+bool TCDebugPrintControlProxy::m_Run(TCMarshallingHelperProxy& call, const char* method, short number)
+{
+    return call.Run(m_pTVSConnection.get(), m_serviceName, method, number, false);
+}
+
+std::int32_t TCDebugPrintControlProxy::Start(std::string& response)
+{
+    TCRemoteCall call;
+    TCMarshalableString text(&response);
+    call.PushMarshalableClass(MARSHALLING_REPLY, &text);
+    return call.ResultIf(m_Run(call, "Start", 0));
+}
+
+std::int32_t TCDebugPrintControlProxy::Execute(const std::string& command, std::string& response)
+{
+    TCRemoteCall call;
+    TCMarshalableString word(ForRequest(command));
+    TCMarshalableString text(&response);
+    call.PushMarshalableClass(MARSHALLING_REQUEST, &word);
+    call.PushMarshalableClass(MARSHALLING_REPLY, &text);
+    return call.ResultIf(m_Run(call, "Execute", 1));
+}
+
+std::int32_t TCDebugPrintControlProxy::Stop()
+{
+    TCRemoteCall call;
+    return call.ResultIf(m_Run(call, "Stop", 2));
+}
+
+std::int32_t TCDebugPrintControlProxy::Check(std::int32_t& value)
+{
+    TCRemoteCall call;
+    call.PushValue(MARSHALLING_REPLY, sizeof value, &value);
+    return call.ResultIf(m_Run(call, "Check", 3));
+}
+
+std::vector<TSMenuItem> TCDebugPrintControlProxy::GetMenuItems()
+{
+    std::vector<TSMenuItem> items;
+    TCRemoteCall call;
+    TCMarshalableMenuItems list(&items, std::make_unique<TCMarshalableNodeCreator>());
+    call.PushMarshalableClass(MARSHALLING_REPLY, &list);
+    m_Run(call, "GetMenuItems", 4);
+    return items;
+}
+
+bool TCDebugPrintControlProxy::SetMenuItems(const std::vector<TSMenuItem>& items)
+{
+    TCRemoteCall call;
+    TCMarshalableMenuItems list(ForRequest(items), std::make_unique<TCMarshalableNodeCreator>());
+    call.PushMarshalableClass(MARSHALLING_REQUEST, &list);
+    return m_Run(call, "SetMenuItems", 5);
+}
+
+bool TCDebugPrintControlProxy::SetMenuItem(const TSMenuItem& item)
+{
+    TCRemoteCall call;
+    call.PushMarshalableClass(MARSHALLING_REQUEST, ForRequest(item));
+    return m_Run(call, "SetMenuItem", 6);
+}
+
+bool TCDebugPrintControlProxy::SetQoSEnabled(bool enabled)
+{
+    TCRemoteCall call;
+    call.PushValue(MARSHALLING_REQUEST, sizeof enabled, &enabled);
+    return m_Run(call, "SetQoSEnabled", 7);
+}
+
+bool TCDebugPrintControlProxy::IsQoSEnabled()
+{
+    TCMarshallingHelperProxy call;
+    unsigned char answer = 0; // a byte from outside need not be a bool
+    call.PushValue(MARSHALLING_REPLY, sizeof answer, &answer);
+    m_Run(call, "IsQoSEnabled", 8);
+    return answer != 0;
+}
+
+bool TCDebugPrintControlProxy::SetDebugMode(EDebugMode mode, bool enable)
+{
+    TCRemoteCall call;
+    call.PushValue(MARSHALLING_REQUEST, sizeof mode, &mode);
+    call.PushValue(MARSHALLING_REQUEST, sizeof enable, &enable);
+    return m_Run(call, "SetDebugMode", 9);
+}
+
+bool TCDebugPrintControlProxy::IsDebugModeEnabled(EDebugMode mode)
+{
+    TCMarshallingHelperProxy call;
+    unsigned char answer = 0;
+    call.PushValue(MARSHALLING_REPLY, sizeof answer, &answer);
+    call.PushValue(MARSHALLING_REQUEST, sizeof mode, &mode);
+    m_Run(call, "IsDebugModeEnabled", 10);
+    return answer != 0;
+}

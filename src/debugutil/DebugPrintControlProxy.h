@@ -1,0 +1,62 @@
+// The client side of the debug menu that runs inside the TV service.
+#pragma once
+
+#include "debugutil/MenuItem.h"
+#include "tvs-api-internal/Messaging.h"
+#include "tvs-api/Types.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// The TV service's remote interface. Each operation is one synchronous remote call; one thread at a time.
+class IDebugPrintControl
+{
+public:
+    virtual ~IDebugPrintControl() = default;
+
+    /// Opens the remote menu. Above 0: it is open, and `response` holds its first screen. -1: the call failed.
+    virtual std::int32_t Start(std::string& response) = 0;
+    /// Sends one word. Above 0: the menu goes on, and `response` holds the next screen. Otherwise it is over.
+    virtual std::int32_t Execute(const std::string& command, std::string& response) = 0;
+    /// Fills in the service's check value. -1: the call failed.
+    virtual std::int32_t Check(std::int32_t& value) = 0;
+    /// The items as far as they came; empty if the call failed.
+    virtual std::vector<TSMenuItem> GetMenuItems() = 0;
+    /// True when the call went through, whatever the service says to it; so for all that return bool and set.
+    virtual bool SetMenuItems(const std::vector<TSMenuItem>& items) = 0;
+    virtual bool SetMenuItem(const TSMenuItem& item) = 0;
+    virtual bool SetQoSEnabled(bool enabled) = 0;
+    /// False also if the call failed.
+    virtual bool IsQoSEnabled() = 0;
+    virtual bool SetDebugMode(EDebugMode mode, bool enable) = 0;
+    virtual bool IsDebugModeEnabled(EDebugMode mode) = 0;
+    /// Closes the remote menu. -1: the call failed.
+    virtual std::int32_t Stop() = 0;
+};
+
+class TCDebugPrintControlProxy : public IDebugPrintControl
+{
+public:
+    /// Opens the messaging connection; without one every call fails.
+    explicit TCDebugPrintControlProxy(const std::string& serviceName);
+
+    std::int32_t Start(std::string& response) override;
+    std::int32_t Execute(const std::string& command, std::string& response) override;
+    std::int32_t Check(std::int32_t& value) override;
+    std::vector<TSMenuItem> GetMenuItems() override;
+    bool SetMenuItems(const std::vector<TSMenuItem>& items) override;
+    bool SetMenuItem(const TSMenuItem& item) override;
+    bool SetQoSEnabled(bool enabled) override;
+    bool IsQoSEnabled() override;
+    bool SetDebugMode(EDebugMode mode, bool enable) override;
+    bool IsDebugModeEnabled(EDebugMode mode) override;
+    std::int32_t Stop() override;
+
+private:
+    bool m_Run(TCMarshallingHelperProxy& call, const char* method, short number);
+
+    std::string m_serviceName;
+    std::unique_ptr<TVServiceAPIConnection> m_pTVSConnection;
+};

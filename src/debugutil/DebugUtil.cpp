@@ -1,0 +1,129 @@
+// The shell: the top-level menu, and the hand-over of the console to the remote menu and to plug-ins.
+#include "debugutil/DebugUtil.h"
+
+#include "debugmenu/DebugMenuUtility.h"
+#include "debugutil/Console.h"
+#include "debugutil/HandlePrompt.h"
+
+#include <algorithm>
+#include <exception>
+#include <iostream>
+
+// Made in this order, after the standard streams; the proxy connects as it is made.
+bool TCDebugUtil::m_isDebugUtilMenu = true;
+bool TCDebugUtil::m_exitDebugMenu = false;
+std::string TCDebugUtil::m_response;
+TCDebugPrintControlProxy TCDebugUtil::tvsDebug("com.kavrin.IDebugPrintControl");
+const std::vector<TSMenuOption> TCDebugUtil::m_debugUtilMenu = {
+    {1, "TVS", CreateTVSMenu},
+    {2, "TV Player", PrintUnimplemantedWarningAction},
+    {3, "TV Plug in", PrintUnimplemantedWarningAction},
+    {4, "Dravel-Provider", PrintUnimplemantedWarningAction},
+    {5, "TVS Debug", TVSDebugFunction},
+    {6, "TVS HT Debug", OpenDebughtLibAction},
+    {99, "Exit", ExitAction},
+};
+
+namespace
+{
+
+constexpr std::int32_t kLastOptionAboveDivider = 50;
+
+// The last caller of every action: whatever fails in there, the console survives.
+void RunAction(const std::string& name, const std::function<void()>& action)
+{
+    std::string failure;
+    try {
+        action();
+        return;
+    } catch (const std::exception& error) {
+        failure = error.what();
+    } catch (...) {
+        failure = "unknown exception";
+    }
+    std::cerr << name + ": " + failure + "\n" << std::flush;
+}
+
+std::string MenuText(const std::vector<TSMenuOption>& options)
+{
+    std::string text = std::string(TCDebugMenuUtility::thickLine) + "DebugUtilMenu\n" + TCDebugMenuUtility::thinLine;
+    bool divided = false;
+    for (const TSMenuOption& option : options) {
+        if (option.id > kLastOptionAboveDivider && !divided) {
+            text += TCDebugMenuUtility::thinLine;
+            divided = true;
+        }
+        text += std::to_string(option.id) + " " + option.name + "\n";
+    }
+    return text + TCDebugMenuUtility::thickLine;
+}
+
+} // namespace
+
+void TCDebugUtil::StartMenu()
+{
+    std::string word;
+    console::WriteLine("DebugUtil");
+    while (!m_exitDebugMenu) {
+        if (m_isDebugUtilMenu)
+            m_RunLocalPass(word);
+        else
+            m_RunRemotePass(word);
+    }
+}
+
+void TCDebugUtil::m_RunLocalPass(std::string& word)
+{
+    console::Write(MenuText(m_debugUtilMenu));
+    if (!console::Ask("cmd> ", word)) {
+        ExitAction();
+        return;
+    }
+    if (!TCDebugMenuUtility::IsNumber(word))
+        return;
+    const std::int32_t number = console::ToNumber(word);
+    const auto option = std::find_if(m_debugUtilMenu.begin(), m_debugUtilMenu.end(),
+                                     [number](const TSMenuOption& candidate) { return candidate.id == number; });
+    if (option == m_debugUtilMenu.end()) {
+        console::WriteLine("Option was not recognised " + std::to_string(number));
+        return;
+    }
+    console::WriteLine("executing: " + option->name);
+    RunAction(option->name, option->action);
+}
+
+void TCDebugUtil::m_RunRemotePass(std::string& word)
+{
+    console::Write(m_response);
+    std::int32_t result = 0;
+    if (console::ReadWord(word))
+        RunAction("TVS", [&] { result = tvsDebug.Execute(word, m_response); });
+    else
+        ExitAction();
+    if (result < 1) {
+        RunAction("TVS", [] { tvsDebug.Stop(); });
+        m_isDebugUtilMenu = true;
+    }
+}
+
+void TCDebugUtil::CreateTVSMenu()
+{
+    if (tvsDebug.Start(m_response) > 0)
+        m_isDebugUtilMenu = false;
+    else
+        console::WriteLine("Failed to start TVS debug print control");
+}
+
+void TCDebugUtil::ExitAction() { m_exitDebugMenu = true; }
+
+void TCDebugUtil::OpenDebughtLibAction()
+{
+    TCDebugMenuUtility::OpenLibrary("/usr/lib/libht-debugmenu.so", "ht_subdebugmenu");
+}
+
+void TCDebugUtil::PrintUnimplemantedWarningAction() { console::WriteLine("Command not implemented"); }
+
+void TCDebugUtil::GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile)
+{
+    PromptForTVSHandle(handle, askProfile);
+}

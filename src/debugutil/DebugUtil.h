@@ -1,0 +1,58 @@
+// The console shell with its top-level menu, and the TVS debug menu.
+#pragma once
+
+#include "debugutil/DebugPrintControlProxy.h"
+#include "tvs-api/Types.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// One option of the top-level menu.
+struct TSMenuOption {
+    std::int32_t id;
+    std::string name;
+    std::function<void()> action;
+};
+
+/// Static data and operations only. Everything runs on the console thread except SignalReceivedCallback.
+class TCDebugUtil
+{
+public:
+    TCDebugUtil() = delete;
+
+    /// Runs the top-level menu, or the remote one while that is open, until Exit or the end of input.
+    static void StartMenu();
+
+    /// Option "TVS": opens the remote menu.
+    static void CreateTVSMenu();
+    /// Option "Exit".
+    static void ExitAction();
+    /// Option "TVS HT Debug": hands the console to the HT plug-in.
+    static void OpenDebughtLibAction();
+    /// The options that are not there yet.
+    static void PrintUnimplemantedWarningAction();
+    /// Option "TVS Debug": runs the TVS debug menu until 99 or the end of input; true. An exception of the TV service
+    /// passes.
+    static bool TVSDebugFunction();
+
+    /// The text of the TVS debug menu.
+    static std::string CreateTVSDebugMenu();
+    /// Asks for a pipeline on the console; both fields are always set.
+    static void GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile);
+    /// The name of a signal. The text of a signal without a name is the calling thread's, until its next such call.
+    static const char* GetStringOfSignalType(ESignalType type);
+    /// Prints the signal's name; 0. Runs on whatever thread the TV service delivers signals on.
+    static int SignalReceivedCallback(ESignalType type, TSSignalData data, void* userData);
+
+private:
+    static void m_RunLocalPass(std::string& word);
+    static void m_RunRemotePass(std::string& word);
+
+    static bool m_isDebugUtilMenu; // false: the remote menu has the console
+    static bool m_exitDebugMenu;
+    static std::string m_response; // the remote menu's last screen
+    static TCDebugPrintControlProxy tvsDebug;
+    static const std::vector<TSMenuOption> m_debugUtilMenu;
+};

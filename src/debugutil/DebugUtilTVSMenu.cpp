@@ -1,0 +1,240 @@
+// The TVS debug menu: single operations of the TV service, with values typed in.
+#include "debugmenu/DebugMenuUtility.h"
+#include "debugutil/Console.h"
+#include "debugutil/DebugUtil.h"
+#include "debugutil/Session.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+
+constexpr std::int32_t kExit = 99;
+constexpr const char* kLongStars = "**********************\n";
+constexpr const char* kSource = "Input ? >";
+constexpr const char* kOnOff = "Input (0:off, 1:on) ? >";
+
+constexpr ESignalType kMonitoredSignals[] = {SIGNAL_TUNE_START,     SIGNAL_TUNE_SUCCESS, SIGNAL_TUNER_LOCK_FAIL,
+                                             SIGNAL_SERVICE_LOCKED, SIGNAL_TUNE_STOP,    SIGNAL_RESOLUTION_CHANGED};
+
+// Makes an object, or prints whose factory failed: without a line end, the next menu follows.
+template <class Control>
+TCSession<Control> CreateOrReport(int (*factory)(EProfile, int, Control**), const char* name, EProfile profile,
+                                  int screenId)
+{
+    auto control = CreateSession(factory, profile, screenId);
+    if (!control)
+        console::Write(std::string("[DebugUtil] TVServiceAPI::") + name + " fail");
+    return control;
+}
+
+TCSession<ISourceControl> CreateSourceControl(EProfile profile, int screenId)
+{
+    return CreateOrReport(TVServiceAPI::CreateSourceControl, "CreateSourceControl", profile, screenId);
+}
+
+std::optional<std::int32_t> AskSubId()
+{
+    console::Write(std::string(kLongStars) + "*****Select SubID*****\n" + kLongStars);
+    return console::AskNumber(kSource);
+}
+
+// What stands on the screen once the SubID is known, around further lines.
+std::string SubIdBlock(std::int32_t subId, const std::string& lines = "")
+{
+    return kLongStars + ("*****Set SubID[" + std::to_string(subId)) + "]*****\n" + lines + kLongStars;
+}
+
+std::optional<ESource> AskSource(const std::string& before = "")
+{
+    console::Write(before + "**Source LIST**\n"
+                            "0.          TV \n"
+                            "1.          AV1 \n"
+                            "2.          AV2 \n"
+                            "3.          AV3 \n"
+                            "7.          COMP1 \n"
+                            "8.          COMP2 \n"
+                            "9.          COMP3 \n"
+                            "13.         HDMI1 \n"
+                            "14.         HDMI2 \n"
+                            "15.         HDMI3 \n"
+                            "16.         HDMI4 \n"
+                            "17.         HDMI5 \n"
+                            "18.         HDMI6 \n"
+                            "***************\n");
+    const auto source = console::AskNumber(kSource);
+    if (!source)
+        return std::nullopt;
+    console::WriteLine("User Input SourceType = " + std::to_string(*source));
+    return static_cast<ESource>(*source);
+}
+
+void SizeControl()
+{
+    TVSHandle handle;
+    TCDebugUtil::GetTVSHandleByUserInput(&handle, true);
+    if (console::InputEnded())
+        return;
+    std::int32_t values[4];
+    std::int32_t* next = values;
+    for (const char* prompt : {"X: > ", "Y: > ", "W: > ", "H: > "}) {
+        const auto value = console::AskNumber(prompt);
+        if (!value)
+            return;
+        *next++ = *value;
+    }
+    const auto [x, y, width, height] = values;
+    if (const auto video =
+            CreateOrReport(TVServiceAPI::CreateVideoControl, "CreateVideoControl", handle.profile, handle.screenId))
+        video->SetVideoSize(x, y, height, width);
+}
+
+void NotImplemented() { console::WriteLine("[DebugUtil] Not implemented yet!"); }
+
+// The subscriber belongs to the TV service and is known there by its callback, so neither command keeps or releases it.
+ISignalSubscriber* OpenMonitor()
+{
+    ISignalSubscriber* subscriber = nullptr;
+    const int result = TVServiceAPI::CreateSignalSubscriber(TCDebugUtil::SignalReceivedCallback, &subscriber);
+    return result == 0 ? subscriber : nullptr;
+}
+
+void SubscribeMonitor()
+{
+    if (ISignalSubscriber* monitor = OpenMonitor())
+        for (const ESignalType signal : kMonitoredSignals)
+            monitor->AddSignal(signal, 0, PROFILE_MAIN, 0, 0);
+}
+
+void UnsubscribeMonitor()
+{
+    ISignalSubscriber* monitor = OpenMonitor();
+    if (monitor == nullptr) {
+        console::Write("[DebugUtil] TVServiceAPI::CreateSignalSubscriber fail");
+        return;
+    }
+    for (const ESignalType signal : kMonitoredSignals)
+        monitor->RemoveSignal(signal, PROFILE_MAIN, 0, 0);
+}
+
+void SetSource()
+{
+    const auto subId = AskSubId();
+    if (!subId)
+        return;
+    const auto control = CreateSourceControl(PROFILE_MAIN, *subId);
+    if (!control)
+        return;
+    if (const auto source = AskSource(SubIdBlock(*subId)))
+        control->SetSource(*source, "");
+}
+
+void GetSource()
+{
+    const auto subId = AskSubId();
+    if (!subId)
+        return;
+    const auto control = CreateSourceControl(PROFILE_MAIN, *subId);
+    if (!control)
+        return;
+    ESource source = SOURCE_TV;
+    control->GetSource(source);
+    console::Write(SubIdBlock(*subId, "*****Source[" + std::to_string(source) + "]*****\n"));
+}
+
+void SetAnalogCleanView()
+{
+    console::WriteLine("*****Analog clean view on off?");
+    const auto on = console::AskNumber(kOnOff);
+    if (!on)
+        return;
+    if (const auto control = CreateOrReport(TVServiceAPI::CreateAVControl, "CreateAVControl", PROFILE_MAIN, 0))
+        control->SetAnalogCleanView(*on != 0);
+}
+
+template <int (ISourceControl::*Operation)(ESource)> void MonitorSource()
+{
+    const auto source = AskSource();
+    if (!source)
+        return;
+    if (const auto control = CreateSourceControl(PROFILE_SOURCE_MONITORING, 0))
+        (control.get()->*Operation)(*source);
+}
+
+void SetSoundOnVideoCall()
+{
+    const auto on = console::AskNumber(kSource);
+    if (!on)
+        return;
+    console::WriteLine("User Input OnOff = " + std::to_string(*on));
+    if (const auto control = CreateSourceControl(PROFILE_MAIN, 0))
+        control->SetSoundOnVideoCall(*on != 0);
+}
+
+void GetPIDSetStatus()
+{
+    bool set = false;
+    const auto utility = CreateOrReport(TVServiceAPI::CreatePipelineUtility, "CreatePipelineUtility", PROFILE_MAIN, 0);
+    if (!utility)
+        return;
+    utility->GetPIDSetStatus(set);
+    console::Write(std::string(kLongStars) + "*****GetPIDSetStatus[" + (set ? "1" : "0") + "]*****\n" + kLongStars);
+}
+
+struct TSCommand {
+    std::int32_t number;
+    const char* line;
+    void (*run)();
+};
+
+constexpr TSCommand kCommands[] = {
+    {1, " 1. Size Control\n", SizeControl},
+    {2, " 2. Add reference Count\n", NotImplemented},
+    {3, " 3. Release reference Count\n", NotImplemented},
+    {4, " 4. Signal Test - Subscribe\n", SubscribeMonitor},
+    {5, " 5. Signal Test - Unsubscribe\n", UnsubscribeMonitor},
+    {6, " 6. Set Source\n", SetSource},
+    {7, " 7. Get Source\n", GetSource},
+    {8, " 8. Set Analog Clean view\n", SetAnalogCleanView},
+    {12, " 12.[LFD]StartSourceMonitoring\n", MonitorSource<&ISourceControl::StartSourceMonitoring>},
+    {13, " 13.[LFD]StopSourceMonitoring\n", MonitorSource<&ISourceControl::StopSourceMonitoring>},
+    {14, " 14.[LFD]SetSoundOnVideoCall\n", SetSoundOnVideoCall},
+    {15, " 15.GetPIDSetStatus\n", GetPIDSetStatus},
+};
+
+} // namespace
+
+std::string TCDebugUtil::CreateTVSDebugMenu()
+{
+    std::string text = TCDebugMenuUtility::thickLine;
+    text += "\t[Process Debug List]\t\n";
+    text += TCDebugMenuUtility::thinLine;
+    for (const TSCommand& command : kCommands)
+        text += command.line;
+    text += TCDebugMenuUtility::thinLine;
+    text += " 99 : Exit\n";
+    return text += TCDebugMenuUtility::thickLine;
+}
+
+bool TCDebugUtil::TVSDebugFunction()
+{
+    std::string word;
+    console::WriteLine("DebugUtil");
+    for (;;) {
+        console::Write(CreateTVSDebugMenu());
+        if (!console::Ask("cmd> ", word))
+            return true;
+        if (!TCDebugMenuUtility::IsNumber(word))
+            continue;
+        const std::int32_t number = console::ToNumber(word);
+        if (number == kExit)
+            return true;
+        const auto* const command = std::find_if(std::begin(kCommands), std::end(kCommands),
+                                                 [number](const TSCommand& row) { return row.number == number; });
+        if (command == std::end(kCommands))
+            console::WriteLine("Command not recognized");
+        else
+            command->run();
+    }
+}

@@ -1,0 +1,79 @@
+#include "debugutil/MenuItem.h"
+
+template class TCMarshalableOneDimensionContainer<std::vector<TSMenuItem>, TSMenuItem>;
+
+namespace
+{
+
+constexpr const char* kStringSource = "/usr/include/tvs-api-internal/MarshalableString";
+
+} // namespace
+
+bool TSMenuItem::ClassToTree(TCTreeBranch& branch)
+{
+    TCClassToTreeFormatter formatter(branch);
+    TCMarshalableString name(&m_name);
+    formatter.PushMarshalableClass(0, &name);
+    formatter.PushValue(1, 1, &m_state);
+    formatter.PushValue(2, 4, &m_id);
+    return formatter.Extract();
+}
+
+bool TSMenuItem::TreeToClass(TCTreeBranch& branch)
+{
+    TCTreeToClassFormatter formatter(branch);
+    TCMarshalableString name(&m_name);
+    unsigned char state = m_state ? 1 : 0; // a byte from outside need not be a bool
+    formatter.PushMarshalableClass(0, &name);
+    formatter.PushValue(1, 1, &state);
+    formatter.PushValue(2, 4, &m_id);
+    m_state = state != 0;
+    return formatter.FillOut();
+}
+
+bool TCMarshalableString::GetSizeOfMarshalled(unsigned long& size)
+{
+    if (m_data == nullptr)
+        return false;
+    size = m_data->size();
+    return true;
+}
+
+bool TCMarshalableString::ClassToTree(TCTreeBranch& branch)
+{
+    if (m_data == nullptr) {
+        _TCApiAssert("m_data", kStringSource, 72, nullptr);
+        return false;
+    }
+    TCClassToTreeFormatter formatter(branch);
+    auto length = static_cast<std::uint32_t>(m_data->size());
+    formatter.PushValue(0, 4, &length);
+    if (length != 0)
+        formatter.PushLengthArray(1, static_cast<int>(length), m_data->data(), nullptr);
+    return formatter.Extract();
+}
+
+bool TCMarshalableString::TreeToClass(TCTreeBranch& branch)
+{
+    if (m_data == nullptr) {
+        _TCApiAssert("m_data", kStringSource, 93, nullptr);
+        return false;
+    }
+    TCTreeToClassFormatter formatter(branch);
+    std::uint32_t length = 0;
+    formatter.PushValue(0, 4, &length);
+    if (length == 0) {
+        m_data->reserve(1);
+        return formatter.FillOut();
+    }
+    // A length that lies must neither take memory nor touch the string.
+    const auto& children = branch.GetChildren();
+    if (children.size() != 2 || children[1].GetElementCount(1) != length)
+        return false;
+    std::vector<char> bytes(std::size_t{length} + 1);
+    formatter.PushLengthArray(1, static_cast<int>(length), bytes.data(), nullptr);
+    if (!formatter.FillOut())
+        return false;
+    m_data->assign(bytes.data(), length);
+    return true;
+}

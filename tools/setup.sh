@@ -1,0 +1,68 @@
+# Sourced by ./run and ./check: installs Debian packages and builds. Speaks on standard error only, and only when there
+# is something to do or something has failed.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+build_packages=(g++ cmake ninja-build pkg-config libglib2.0-dev libsystemd-dev)
+check_packages=(libgtest-dev libbenchmark-dev dbus-daemon)
+# The style tools of the version that tools/lint wants come with one Debian release.
+! grep -qs '^VERSION_ID="12"' /etc/os-release || check_packages+=(clang-format-14 clang-tidy-14)
+
+fail() {
+    echo "${0##*/}: $*" >&2
+    exit 1
+}
+
+# Of the packages named, those that are not installed.
+missing_packages() {
+    local package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || echo "$package"
+    done
+}
+
+# Runs a step with its output in a file, which is shown only if the step fails.
+quietly() {
+    local what=$1 log
+    shift
+    log=$(mktemp) || fail "no room for a temporary file"
+    if ! "$@" >"$log" 2>&1 </dev/null; then
+        cat "$log" >&2
+        rm -f "$log"
+        fail "$what failed; the reason is above"
+    fi
+    rm -f "$log"
+}
+
+install_packages() {
+    local missing as_root=()
+    mapfile -t missing < <(missing_packages "$@")
+    [ ${#missing[@]} -gt 0 ] || return 0
+    echo "${0##*/}: installing ${missing[*]}" >&2
+    if [ "$(id -u)" -ne 0 ]; then
+        sudo -n true 2>/dev/null || fail "not root: have root run 'apt-get install ${missing[*]}', then try again"
+        as_root=(sudo -n)
+    fi
+    quietly "'apt-get update' (is there a network?)" "${as_root[@]}" apt-get update
+    quietly "'apt-get install ${missing[*]}'" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends "${missing[@]}"
+}
+
+# build PRESET FOLDER [CMake options] -- TARGET...: brings the targets up to date.
+build() {
+    local preset=$1 folder=$root/$2 options=() lock
+    shift 2
+    while [ "$1" != -- ]; do
+        options+=("$1")
+        shift
+    done
+    shift
+    mkdir -p "$folder" || fail "cannot write $folder"
+    exec {lock}>"$folder/.lock" || fail "cannot write $folder/.lock"
+    flock "$lock" # two builds of one folder at a time would spoil it
+    if [ ${#options[@]} -gt 0 ] || [ ! -e "$folder/build.ninja" ]; then
+        [ -e "$folder/build.ninja" ] || echo "${0##*/}: building in $2" >&2
+        quietly "configuring the build" cmake -S "$root" -B "$folder" --preset "$preset" "${options[@]}"
+    fi
+    quietly "the build" cmake --build "$folder" --target "$@"
+    exec {lock}>&-
+}
