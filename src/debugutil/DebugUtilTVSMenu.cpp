@@ -2,10 +2,8 @@
 #include "debugmenu/DebugMenuUtility.h"
 #include "debugutil/Console.h"
 #include "debugutil/DebugUtil.h"
+#include "debugutil/Menu.h"
 #include "debugutil/Session.h"
-
-#include <algorithm>
-#include <iterator>
 
 namespace
 {
@@ -18,20 +16,11 @@ constexpr const char* kOnOff = "Input (0:off, 1:on) ? >";
 constexpr ESignalType kMonitoredSignals[] = {SIGNAL_TUNE_START,     SIGNAL_TUNE_SUCCESS, SIGNAL_TUNER_LOCK_FAIL,
                                              SIGNAL_SERVICE_LOCKED, SIGNAL_TUNE_STOP,    SIGNAL_RESOLUTION_CHANGED};
 
-// Makes an object, or prints whose factory failed: without a line end, the next menu follows.
-template <class Control>
-TCSession<Control> CreateOrReport(int (*factory)(EProfile, int, Control**), const char* name, EProfile profile,
-                                  int screenId)
-{
-    auto control = CreateSession(factory, profile, screenId);
-    if (!control)
-        console::Write(std::string("[DebugUtil] TVServiceAPI::") + name + " fail");
-    return control;
-}
-
+// Without a line end, as all failures of this menu: the next menu follows.
 TCSession<ISourceControl> CreateSourceControl(EProfile profile, int screenId)
 {
-    return CreateOrReport(TVServiceAPI::CreateSourceControl, "CreateSourceControl", profile, screenId);
+    return CreateOrReport("[DebugUtil] TVServiceAPI::CreateSourceControl fail", TVServiceAPI::CreateSourceControl,
+                          profile, screenId);
 }
 
 std::optional<std::int32_t> AskSubId()
@@ -85,8 +74,8 @@ void SizeControl()
         *next++ = *value;
     }
     const auto [x, y, width, height] = values;
-    if (const auto video =
-            CreateOrReport(TVServiceAPI::CreateVideoControl, "CreateVideoControl", handle.profile, handle.screenId))
+    if (const auto video = CreateOrReport("[DebugUtil] TVServiceAPI::CreateVideoControl fail",
+                                          TVServiceAPI::CreateVideoControl, handle.profile, handle.screenId))
         video->SetVideoSize(x, y, height, width);
 }
 
@@ -149,7 +138,8 @@ void SetAnalogCleanView()
     const auto on = console::AskNumber(kOnOff);
     if (!on)
         return;
-    if (const auto control = CreateOrReport(TVServiceAPI::CreateAVControl, "CreateAVControl", PROFILE_MAIN, 0))
+    if (const auto control = CreateOrReport("[DebugUtil] TVServiceAPI::CreateAVControl fail",
+                                            TVServiceAPI::CreateAVControl, PROFILE_MAIN, 0))
         control->SetAnalogCleanView(*on != 0);
 }
 
@@ -175,20 +165,15 @@ void SetSoundOnVideoCall()
 void GetPIDSetStatus()
 {
     bool set = false;
-    const auto utility = CreateOrReport(TVServiceAPI::CreatePipelineUtility, "CreatePipelineUtility", PROFILE_MAIN, 0);
+    const auto utility = CreateOrReport("[DebugUtil] TVServiceAPI::CreatePipelineUtility fail",
+                                        TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
     if (!utility)
         return;
     utility->GetPIDSetStatus(set);
     console::Write(std::string(kLongStars) + "*****GetPIDSetStatus[" + (set ? "1" : "0") + "]*****\n" + kLongStars);
 }
 
-struct TSCommand {
-    std::int32_t number;
-    const char* line;
-    void (*run)();
-};
-
-constexpr TSCommand kCommands[] = {
+const TMenuRows<> kCommands = {
     {1, " 1. Size Control\n", SizeControl},
     {2, " 2. Add reference Count\n", NotImplemented},
     {3, " 3. Release reference Count\n", NotImplemented},
@@ -207,14 +192,8 @@ constexpr TSCommand kCommands[] = {
 
 std::string TCDebugUtil::CreateTVSDebugMenu()
 {
-    std::string text = TCDebugMenuUtility::thickLine;
-    text += "\t[Process Debug List]\t\n";
-    text += TCDebugMenuUtility::thinLine;
-    for (const TSCommand& command : kCommands)
-        text += command.line;
-    text += TCDebugMenuUtility::thinLine;
-    text += " 99 : Exit\n";
-    return text += TCDebugMenuUtility::thickLine;
+    return FrameMenu({TCDebugMenuUtility::thickLine, TCDebugMenuUtility::thinLine}, "\t[Process Debug List]\t\n",
+                     kCommands);
 }
 
 bool TCDebugUtil::TVSDebugFunction()
@@ -230,11 +209,9 @@ bool TCDebugUtil::TVSDebugFunction()
         const std::int32_t number = console::ToNumber(word);
         if (number == kExit)
             return true;
-        const auto* const command = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                                 [number](const TSCommand& row) { return row.number == number; });
-        if (command == std::end(kCommands))
-            console::WriteLine("Command not recognized");
-        else
+        if (const auto* command = FindRow(kCommands, number))
             command->run();
+        else
+            console::WriteLine("Command not recognized");
     }
 }

@@ -1,6 +1,7 @@
 // Owning a control object of the TV service.
 #pragma once
 
+#include "debugutil/Console.h"
 #include "tvs-api/TVServiceAPI.h"
 
 #include <exception>
@@ -47,4 +48,14 @@ template <class Control> TCSession<Control> CreateSession(int (*factory)(Control
     Control* created = nullptr;
     const int result = factory(&created);
     return AdoptSession(result, created);
+}
+
+/// Makes an object, or prints that text. The other arguments are those of CreateSession.
+template <class Factory, class... Arguments>
+auto CreateOrReport(const char* failure, Factory factory, Arguments... arguments)
+{
+    auto session = CreateSession(factory, arguments...);
+    if (!session)
+        console::Write(failure);
+    return session;
 }

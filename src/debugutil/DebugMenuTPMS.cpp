@@ -1,0 +1,200 @@
+// The shell of the TPMS test menu: event loop, subscription, main menu and signal printer.
+#include "debugutil/DebugMenuTPMS.h"
+
+#include "debugutil/DebugMenuTPMSCommon.h"
+#include "debugutil/HandlePrompt.h"
+
+#include <glib.h>
+#include <iostream>
+#include <memory>
+#include <sstream>
+#include <thread>
+
+namespace
+{
+
+// A GLib main loop on the default context in a thread of its own, for one scope.
+class TCEventLoop
+{
+public:
+    TCEventLoop()
+        : m_loop(g_main_loop_new(nullptr, FALSE), g_main_loop_unref),
+          m_thread([loop = m_loop.get()] { g_main_loop_run(loop); })
+    {
+    }
+
+    ~TCEventLoop()
+    {
+        // Quit from inside the loop: a call from here would be lost if the thread has not entered the loop yet.
+        GSource* source = g_idle_source_new();
+        g_source_set_priority(source, G_PRIORITY_DEFAULT);
+        g_source_set_callback(source, Quit, m_loop.get(), nullptr);
+        g_source_attach(source, nullptr);
+        g_source_unref(source);
+        m_thread.join();
+    }
+
+    TCEventLoop(const TCEventLoop&) = delete;
+    TCEventLoop& operator=(const TCEventLoop&) = delete;
+
+private:
+    static gboolean Quit(gpointer loop)
+    {
+        g_main_loop_quit(static_cast<GMainLoop*>(loop));
+        return G_SOURCE_REMOVE;
+    }
+
+    std::unique_ptr<GMainLoop, decltype(&g_main_loop_unref)> m_loop;
+    std::thread m_thread;
+};
+
+// The first bytes of a signal's data from `offset`, little-endian.
+template <class Number> Number ReadNumber(const TSSignalData& data, std::size_t offset)
+{
+    unsigned long long bits = 0;
+    for (std::size_t i = 0; i < sizeof(Number); ++i)
+        bits |= static_cast<unsigned long long>(data.bytes[offset + i]) << (8 * i);
+    return static_cast<Number>(bits);
+}
+
+int TVSSignalCallback(ESignalType type, EProfile profile, unsigned short screenId, TSSignalData data,
+                      void* /*userData*/)
+{
+    const auto line = [&](const char* name, const std::string& fields) {
+        console::WriteLine(std::string("\t") + name + " -> profile:" + std::to_string(profile) +
+                           ", screenId: " + std::to_string(screenId) + fields);
+    };
+    const auto number = [&](std::size_t offset) { return std::to_string(ReadNumber<std::int16_t>(data, offset)); };
+    switch (type) {
+    case SIGNAL_SI_STARTED:
+        line("SIGNAL_SI_STARTED", ", chType:" + number(0) + ", srvProfile:" + number(2) + ", chNumber:" + number(4));
+        break;
+    case SIGNAL_TUNE_AROUND_SERVICE_DONE:
+        line("SIGNAL_TUNE_AROUND_SERVICE_DONE", ", serviceId: " + std::to_string(ReadNumber<std::uint64_t>(data, 0)));
+        break;
+    case SIGNAL_TUNE_AROUND_FINISHED:
+        line("SIGNAL_TUNE_AROUND_FINISHED",
+             std::string(", completed: ") + (ReadNumber<std::uint16_t>(data, 0) == 0 ? "true" : "false"));
+        break;
+    case SIGNAL_BARKER_CHANNEL_TUNE:
+        line("SIGNAL_BARKER_CHANNEL_TUNE",
+             std::string(", is success:") + (ReadNumber<std::uint8_t>(data, 0) != 0 ? "true" : "false"));
+        break;
+    default:
+        break;
+    }
+    return 0;
+}
+
+// The subscription of the printer, for one scope.
+class TCSubscription
+{
+public:
+    /// Writes null when the TV service gives none.
+    explicit TCSubscription(ISignalSubscriber** subscriber)
+    {
+        *subscriber = nullptr;
+        if (TVServiceAPI::CreateSignalSubscriber(TVSSignalCallback, subscriber) != 0)
+            *subscriber = nullptr;
+    }
+
+    ~TCSubscription()
+    {
+        try {
+            TVServiceAPI::DestroySignalSubscriber(TVSSignalCallback);
+        } catch (const std::exception& error) {
+            std::cerr << std::string("TVServiceAPI::DestroySignalSubscriber: ") + error.what() + "\n";
+        }
+    }
+
+    TCSubscription(const TCSubscription&) = delete;
+    TCSubscription& operator=(const TCSubscription&) = delete;
+};
+
+} // namespace
+
+TCDebugMenuTPMS::TCDebugMenuTPMS() : m_signalSubscriber(nullptr) {}
+
+void TCDebugMenuTPMS::Enter()
+{
+    // Left in the reverse order, also by an exception: the subscription is dropped, the loop quit, its thread joined.
+    const TCEventLoop loop;
+    const TCSubscription subscription(&m_signalSubscriber);
+    m_RunMainMenu();
+}
+
+void TCDebugMenuTPMS::m_RunMainMenu()
+{
+    std::string word;
+    for (;;) {
+        m_PrintMainMenu();
+        if (!console::Ask(tpms::kCommandPrompt, word))
+            return;
+        bool isNumber = false;
+        const int number = m_StrToInt(word, &isNumber);
+        if (!isNumber)
+            continue;
+        if (number == tpms::kExit)
+            return;
+        if (const auto* row = FindRow(m_MainMenu(), number))
+            row->run(*this);
+        else
+            console::WriteLine("Command not recognized");
+    }
+}
+
+const TCDebugMenuTPMS::TRows& TCDebugMenuTPMS::m_MainMenu()
+{
+    static const TRows rows = {
+        {1, " 1. Reference Count Test\n", &TCDebugMenuTPMS::m_Start_Test1_ReferenceCount},
+        {2, " 2. AV Mute Test\n", &TCDebugMenuTPMS::m_Start_Test2_MuteControl},
+        {3, " 3. HDMI Anaysis (Capture) test\n", &TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis},
+        {4, " 4. GetCurrentTPMSStatus test\n", &TCDebugMenuTPMS::m_GetCurrentTPMSStatus},
+        {5, " 5. SetTvMode to DTV Air\n", &TCDebugMenuTPMS::m_SetTvModeToDigitalAir},
+        {6, " 6. SetDTVMode test\n", &TCDebugMenuTPMS::m_Start_Test6_SetDTVMode},
+        {7, " 7. SetSource Test\n", &TCDebugMenuTPMS::m_Start_Test7_SetSource},
+        {8, " 8. RestartVideoDecorder\n", &TCDebugMenuTPMS::m_RestartVideoDecoder},
+        {9, " 9. Set AVMode test\n", [](TCDebugMenuTPMS&) {}},
+        {10, " 10. Check Tuner Signal Sate\n", &TCDebugMenuTPMS::m_CheckTunerSignalState},
+        {11, " 11. Get Lastest Channel info\n", &TCDebugMenuTPMS::m_PrintLatestServices},
+        {12, " 12. Preparation Logic Test\n", &TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest},
+        {13, " 13. Preparation SetTvMode with service Id Test\n", &TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest},
+        {14, " 14. Set Crop Video test\n", &TCDebugMenuTPMS::m_Start_Test15_SetCropVideoTest},
+        {15, " 15. Check Caption Exist test\n", &TCDebugMenuTPMS::m_Start_Test16_CheckCaptionExistTest},
+        {16, " 16. SetPreviewSource\n", &TCDebugMenuTPMS::m_Start_Test17_SetPrevieSource},
+        {17, " 17. SIGNAL_TUNE_PREPARATION mechanism\n",
+         &TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism},
+        {18, " 18. Epg Data Feeding\n", &TCDebugMenuTPMS::m_EpgDataFeeding},
+        {19, " 19. IZoomControl test\n", &TCDebugMenuTPMS::m_ZoomControlTest},
+        {20, " 20. InvalidService test\n", &TCDebugMenuTPMS::m_InvalidServiceTest},
+        {21, " 21. Set boot up service\n", &TCDebugMenuTPMS::m_SetBootupService},
+    };
+    return rows;
+}
+
+void TCDebugMenuTPMS::m_PrintMainMenu() { tpms::PrintMenu("\t[Process Debug List]\t\n", m_MainMenu()); }
+
+int TCDebugMenuTPMS::m_StrToInt(const std::string& text, bool* ok)
+{
+    std::stringstream stream(text);
+    int number = 0;
+    stream >> number;
+    if (ok != nullptr)
+        *ok = !stream.fail();
+    return number;
+}
+
+int TCDebugMenuTPMS::m_SelectCmd(const std::string& prompt)
+{
+    std::string word;
+    if (console::InputEnded() || !console::Ask(prompt, word))
+        return tpms::kNoAnswer;
+    bool isNumber = false;
+    const int number = m_StrToInt(word, &isNumber);
+    return isNumber ? number : tpms::kNoAnswer;
+}
+
+void TCDebugMenuTPMS::m_GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile)
+{
+    PromptForTVSHandle(handle, askProfile);
+}

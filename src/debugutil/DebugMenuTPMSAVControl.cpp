@@ -1,0 +1,141 @@
+// Reference count, mute, HDMI analysis and DTV mode.
+#include "debugutil/DebugMenuTPMS.h"
+#include "debugutil/DebugMenuTPMSCommon.h"
+
+namespace
+{
+
+const TMenuRows<IReferenceCount&> kReferenceCountMenu = {
+    {1, " 1. Call GetReferenceCount() \n",
+     [](IReferenceCount& control) {
+         int count = -1;
+         control.GetReferenceCount(count);
+         console::WriteLine("Reference count value is: " + std::to_string(count));
+     }},
+};
+
+const TMenuRows<IAVControl&, int> kMuteMenu = {
+    {1, " 1. call IAVControl::MuteVudio \n", &IAVControl::MuteVideo},
+    {2, " 2. call IAVControl::MuteAudio \n", &IAVControl::MuteAudio},
+};
+
+const TMenuRows<ISourceControl&, ESource> kHDMIMenu = {
+    {1, " 1. call ISourceControl::StartHDMIAnalysis \n", &ISourceControl::StartHDMIAnalysis},
+    {2, " 2. call ISourceControl::StopHDMIAnalysis \n", &ISourceControl::StopHDMIAnalysis},
+};
+
+template <EDTVMode mode, bool on> void SetDTVMode(IServiceNavigation& navigation) { navigation.SetDTVMode(mode, on); }
+
+const TMenuRows<IServiceNavigation&> kDTVModeMenu = {
+    {1, " 1. call IServiceNavigation::SetDTVMode(DTV_MODE_DEMUX_ONLY,true) \n", SetDTVMode<DTV_MODE_DEMUX_ONLY, true>},
+    {2, " 2. call IServiceNavigation::SetDTVMode(DTV_MODE_DEMUX_ONLY,false) \n",
+     SetDTVMode<DTV_MODE_DEMUX_ONLY, false>},
+    {3, " 3. call IServiceNavigation::SetDTVMode(DTV_MODE_AUDIO_ONLY,true) \n", SetDTVMode<DTV_MODE_AUDIO_ONLY, true>},
+    {4, " 4. call IServiceNavigation::SetDTVMode(DTV_MODE_AUDIO_ONLY,false) \n",
+     SetDTVMode<DTV_MODE_AUDIO_ONLY, false>},
+    {5, " 5. call IServiceNavigation::SetDTVMode(DTV_MODE_VIDEO_ONLY,true) \n", SetDTVMode<DTV_MODE_VIDEO_ONLY, true>},
+    {6, " 6. call IServiceNavigation::SetDTVMode(DTV_MODE_VIDEO_ONLY,false) \n",
+     SetDTVMode<DTV_MODE_VIDEO_ONLY, false>},
+    {7, " 7. call IServiceNavigation::SetDTVMode(DTV_MODE_ALL,true) \n", SetDTVMode<DTV_MODE_ALL, true>},
+    {8, " 8. call IServiceNavigation::SetDTVMode(DTV_MODE_ALL,false) \n", SetDTVMode<DTV_MODE_ALL, false>},
+};
+
+// This menu's own numbering of the HDMI inputs; anything else is the first.
+ESource SourceOfHDMIInput(int number)
+{
+    constexpr int sources[] = {SOURCE_HDMI1, SOURCE_HDMI2, SOURCE_HDMI3, SOURCE_HDMI4, 38, 39, 46, 47};
+    const bool known = number >= 1 && number <= 8;
+    return static_cast<ESource>(sources[known ? number - 1 : 0]);
+}
+
+} // namespace
+
+void TCDebugMenuTPMS::m_Start_Test1_ReferenceCount()
+{
+    TVSHandle handle;
+    m_GetTVSHandleByUserInput(&handle, false);
+    if (console::InputEnded())
+        return;
+    const auto control = CreateOrReport("CreateReferenceCount failed\n", TVServiceAPI::CreateReferenceCount,
+                                        handle.profile, handle.screenId);
+    while (control && !console::InputEnded()) {
+        m_PrintMenu_Test1_ReferenceCount();
+        const int command = m_SelectCmd(tpms::kCommandPrompt);
+        if (command == tpms::kExit)
+            return;
+        if (const auto* row = FindRow(kReferenceCountMenu, command))
+            row->run(*control);
+    }
+}
+
+void TCDebugMenuTPMS::m_PrintMenu_Test1_ReferenceCount()
+{
+    tpms::PrintMenu("\t[Test1 List - Reference Count]\t\n", kReferenceCountMenu);
+}
+
+void TCDebugMenuTPMS::m_Start_Test2_MuteControl()
+{
+    TVSHandle handle;
+    m_GetTVSHandleByUserInput(&handle, false);
+    if (console::InputEnded())
+        return;
+    const auto control =
+        CreateOrReport("CreateAVControl failed\n", TVServiceAPI::CreateAVControl, handle.profile, handle.screenId);
+    while (control && !console::InputEnded()) {
+        m_PrintMenu_Test2_MuteControl();
+        const int command = m_SelectCmd(tpms::kCommandPrompt);
+        if (command == tpms::kNoAnswer)
+            continue;
+        const int on = m_SelectCmd("Off:0 / On:1 "); // asked for every command, 99 included
+        if (on == tpms::kNoAnswer)
+            continue;
+        if (command == tpms::kExit)
+            return;
+        if (const auto* row = FindRow(kMuteMenu, command))
+            row->run(*control, on);
+    }
+}
+
+void TCDebugMenuTPMS::m_PrintMenu_Test2_MuteControl()
+{
+    tpms::PrintMenu("\t[Test1 List - Video Mute Control]\t\n", kMuteMenu);
+}
+
+void TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis()
+{
+    const auto control = tpms::CreateSourceControl();
+    while (control) {
+        const ESource source = SourceOfHDMIInput(m_SelectCmd(" [HDMI 1~6] select num> "));
+        if (console::InputEnded())
+            return;
+        m_PrintMenu_Test3_HDMIAnalysis();
+        const int command = m_SelectCmd(tpms::kCommandPrompt);
+        if (const auto* row = FindRow(kHDMIMenu, command))
+            row->run(*control, source);
+        else if (command != tpms::kNoAnswer || console::InputEnded())
+            return;
+    }
+}
+
+void TCDebugMenuTPMS::m_PrintMenu_Test3_HDMIAnalysis()
+{
+    tpms::PrintMenu("\t[Test3 List - HDMI Analysis]\t\n", kHDMIMenu);
+}
+
+void TCDebugMenuTPMS::m_Start_Test6_SetDTVMode()
+{
+    const auto navigation = tpms::CreateServiceNavigation();
+    while (navigation && !console::InputEnded()) {
+        m_PrintMenu_Test6_SetDTVMode();
+        const int command = m_SelectCmd(tpms::kCommandPrompt);
+        if (const auto* row = FindRow(kDTVModeMenu, command))
+            row->run(*navigation);
+        else if (command != tpms::kNoAnswer)
+            return;
+    }
+}
+
+void TCDebugMenuTPMS::m_PrintMenu_Test6_SetDTVMode()
+{
+    tpms::PrintMenu("\t[Test6 List - DTV Mode Test]\t\n", kDTVModeMenu);
+}

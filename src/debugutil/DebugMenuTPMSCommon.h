@@ -1,0 +1,55 @@
+// What the groups of TPMS tests share: frame, prompts, failures and results.
+#pragma once
+
+#include "debugutil/Console.h"
+#include "debugutil/Menu.h"
+#include "debugutil/Session.h"
+
+#include <string>
+
+namespace tpms
+{
+
+constexpr int kExit = 99;
+constexpr int kNoAnswer = -1;    // what m_SelectCmd returns for anything but a number
+constexpr int kNoMajor = 0xFFFF; // the low 16 bits of that
+constexpr const char* kCommandPrompt = "cmd> ";
+constexpr const char* kMajorPrompt = "major> ";
+
+inline const TSMenuFrame& Frame()
+{
+    static const TSMenuFrame frame = {std::string(36, '=') + "\n", std::string(36, '-') + "\n"};
+    return frame;
+}
+
+/// Prints a menu; an empty line follows it.
+template <class Rows> void PrintMenu(const char* title, const Rows& rows, const TSMenuFrame& frame = Frame())
+{
+    console::WriteLine(FrameMenu(frame, title, rows));
+}
+
+inline TCSession<ISourceControl> CreateSourceControl(EProfile profile = PROFILE_MAIN)
+{
+    return CreateOrReport("CreateSourceControl failed\n", TVServiceAPI::CreateSourceControl, profile, 0);
+}
+
+inline TCSession<IServiceNavigation> CreateServiceNavigation()
+{
+    return CreateOrReport("CreateServiceNavigation failed\n", TVServiceAPI::CreateServiceNavigation, PROFILE_MAIN, 0);
+}
+
+inline TCSession<IPipelineUtility> CreatePipelineUtility()
+{
+    return CreateOrReport("CreatePipelineUtility failed\n", TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
+}
+
+/// Prints the result of an operation for which 1 is success.
+inline void ReportResult(const std::string& label, int result)
+{
+    console::WriteLine((result == 1 ? "Succesfully called " : "Fail to ") + label + ", ret=" + std::to_string(result));
+}
+
+/// Ends the line that a failed lookup has begun.
+inline void ReportMajor(int major) { console::WriteLine(" for major=" + std::to_string(major)); }
+
+} // namespace tpms

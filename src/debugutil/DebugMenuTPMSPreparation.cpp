@@ -1,0 +1,172 @@
+// Applications that take part in a change of service or source.
+#include "debugutil/DebugMenuTPMS.h"
+#include "debugutil/DebugMenuTPMSCommon.h"
+
+namespace
+{
+
+constexpr const char* kApplication = "DebugMenuTPMS";
+constexpr const char* kApp1 = "org.ostrel.sigtunepreptest1";
+constexpr const char* kApp2 = "org.ostrel.sigtunepreptest2";
+constexpr int kReady = 1;
+
+template <EStateChange kind> void Register(IPipelineUtility& utility)
+{
+    utility.RegisterForStateChange(kind, kApplication, 0);
+}
+
+template <EStateChange kind> void Unregister(IPipelineUtility& utility)
+{
+    utility.UnregisterFromStateChange(kind, kApplication);
+}
+
+template <EStateChange kind> void Notify(IPipelineUtility& utility)
+{
+    utility.NotifyReceiverState(kind, kApplication, kReady, INVALID_SERVICE_ID);
+}
+
+template <EStateChange kind> void CheckPending(IPipelineUtility& utility)
+{
+    bool pending = false;
+    utility.CheckPendingState(kind, pending);
+}
+
+const TMenuRows<IPipelineUtility&> kPreparationMenu = {
+    {1, " 1. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SERVICE \n", Register<STATE_CHANGE_SERVICE>},
+    {2, " 2. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SERVICE \n",
+     Unregister<STATE_CHANGE_SERVICE>},
+    {3, " 3. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SERVICE \n", Notify<STATE_CHANGE_SERVICE>},
+    {4, " 4. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SERVICE \n", CheckPending<STATE_CHANGE_SERVICE>},
+    {0, " ========================================================================= \n", nullptr},
+    {5, " 5. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SOURCE \n", Register<STATE_CHANGE_SOURCE>},
+    {6, " 6. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SOURCE \n",
+     Unregister<STATE_CHANGE_SOURCE>},
+    {7, " 7. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SOURCE \n", Notify<STATE_CHANGE_SOURCE>},
+    {8, " 8. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SOURCE \n", CheckPending<STATE_CHANGE_SOURCE>},
+};
+
+// The rules of the mechanism's menu are wider than those of the others.
+const TSMenuFrame& WideFrame()
+{
+    static const TSMenuFrame frame = {" " + std::string(86, '=') + "\n", " " + std::string(86, '-') + "\n"};
+    return frame;
+}
+
+void RegisterApp(IPipelineUtility& utility, const char* application, const char* label)
+{
+    tpms::ReportResult(label, utility.RegisterForStateChange(STATE_CHANGE_SERVICE, application, 0));
+}
+
+void UnregisterApp(IPipelineUtility& utility, const char* application, const char* label)
+{
+    tpms::ReportResult(label, utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, application));
+}
+
+void ReportPending(IPipelineUtility& utility)
+{
+    bool pending = false;
+    const int result = utility.CheckPendingState(STATE_CHANGE_SERVICE, pending);
+    console::WriteLine(std::string("pending=") + (pending ? "1" : "0"));
+    tpms::ReportResult("CheckPendingState", result);
+}
+
+void WithdrawPending(IPipelineUtility& utility)
+{
+    bool pending = false;
+    utility.CheckPendingState(STATE_CHANGE_SERVICE, pending);
+    if (!pending)
+        return;
+    utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, kApp1);
+    utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, kApp2);
+}
+
+} // namespace
+
+void TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest()
+{
+    const auto utility = tpms::CreatePipelineUtility();
+    while (utility && !console::InputEnded()) {
+        m_PrintMenu_Test13_PreparationLogicTest();
+        const int answer = m_SelectCmd(tpms::kCommandPrompt);
+        if (const auto* row = FindRow(kPreparationMenu, answer))
+            row->run(*utility);
+        else if (answer != tpms::kNoAnswer)
+            return;
+    }
+}
+
+void TCDebugMenuTPMS::m_PrintMenu_Test13_PreparationLogicTest()
+{
+    tpms::PrintMenu("\t[Test13 List - Preparation Logic Test]\t\n", kPreparationMenu);
+}
+
+const TCDebugMenuTPMS::TPreparationRows& TCDebugMenuTPMS::m_Menu_Test18_SignalTunePreparationMechanism()
+{
+    static const TPreparationRows rows = {
+        {1, " 1. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App1)\n",
+         [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
+             RegisterApp(utility, kApp1, "RegisterForStateChange (App1)");
+         }},
+        {2, " 2. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App1)\n",
+         [](TCDebugMenuTPMS& menu, IPipelineUtility& utility) {
+             menu.m_NotifyReceiverState(utility, kApp1, "NotifyReceiverState (App1)");
+         }},
+        {3, " 3. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App1)\n",
+         [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
+             UnregisterApp(utility, kApp1, "UnregisterFromStateChange (App1)");
+         }},
+        {0, WideFrame().thick.c_str(), nullptr},
+        {4, " 4. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App2)\n",
+         [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
+             RegisterApp(utility, kApp2, "RegisterForStateChange (App2)");
+         }},
+        {5, " 5. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App2)\n",
+         [](TCDebugMenuTPMS& menu, IPipelineUtility& utility) {
+             menu.m_NotifyReceiverState(utility, kApp2, "NotifyReceiverState (App2)");
+         }},
+        {6, " 6. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App2)\n",
+         [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
+             UnregisterApp(utility, kApp2, "UnregisterFromStateChange (App2)");
+         }},
+        {0, WideFrame().thick.c_str(), nullptr},
+        {7, " 7. call [Main Handle] CheckPendingState(STATE_CHANGE_SERVICE) \n",
+         [](TCDebugMenuTPMS&, IPipelineUtility& utility) { ReportPending(utility); }},
+    };
+    return rows;
+}
+
+void TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism()
+{
+    const auto utility = tpms::CreatePipelineUtility();
+    if (!utility)
+        return;
+    while (!console::InputEnded()) {
+        m_PrintMenu_Test18_SignalTunePreparationMechanism();
+        const int answer = m_SelectCmd(tpms::kCommandPrompt);
+        if (answer == tpms::kExit)
+            break;
+        if (const auto* row = FindRow(m_Menu_Test18_SignalTunePreparationMechanism(), answer))
+            row->run(*this, *utility);
+    }
+    WithdrawPending(*utility);
+}
+
+void TCDebugMenuTPMS::m_PrintMenu_Test18_SignalTunePreparationMechanism()
+{
+    tpms::PrintMenu("\t      [Test18 List - SignalTunePreparationMechanism (AIR/CABLE/SAT)]\n",
+                    m_Menu_Test18_SignalTunePreparationMechanism(), WideFrame());
+}
+
+void TCDebugMenuTPMS::m_NotifyReceiverState(IPipelineUtility& utility, const char* application, const char* label)
+{
+    const int major = m_SelectCmd("Enter next channel major (int)> ");
+    if (major == tpms::kNoAnswer)
+        return;
+    const unsigned long long serviceId = m_GetServiceId(static_cast<unsigned short>(major));
+    if (serviceId == INVALID_SERVICE_ID) {
+        tpms::ReportMajor(major);
+        return;
+    }
+    console::WriteLine("major = " + std::to_string(major) + " ,serviceId = " + std::to_string(serviceId));
+    tpms::ReportResult(label, utility.NotifyReceiverState(STATE_CHANGE_SERVICE, application, kReady, serviceId));
+}

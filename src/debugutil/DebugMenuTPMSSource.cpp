@@ -1,0 +1,202 @@
+// Switching a pipeline to a source or a service.
+#include "debugutil/DebugMenuTPMS.h"
+#include "debugutil/DebugMenuTPMSCommon.h"
+#include "vconf/vconf.h"
+
+namespace
+{
+
+constexpr const char* kSelectPrompt = " select num> ";
+constexpr unsigned long long kFixedServiceId = 0xFA0000000002002D;
+
+// The one call of the simple entries on the main pipeline.
+template <class... Arguments> void SetSourceOnMain(Arguments... arguments)
+{
+    if (const auto control = tpms::CreateSourceControl())
+        control->SetSource(arguments..., "");
+}
+
+// What must happen before a source is forced onto a pipeline that may be in use.
+void PreparePipeline(ISourceControl& control)
+{
+    control.StopCurrentSource();
+    control.ReleaseDecoders();
+    control.ClaimPipeline();
+}
+
+const TMenuRows<IServiceNavigation&, ISourceControl&> kInvalidServiceMenu = {
+    {1, " 1. SetService(INVALID_SERVICE_ID)\n",
+     [](IServiceNavigation& navigation, ISourceControl&) { navigation.SetService(INVALID_SERVICE_ID, 0, 0, ""); }},
+    {2, " 2. SetSource(INVALID_SERVICE_ID)\n",
+     [](IServiceNavigation&, ISourceControl& control) { control.SetSource(SOURCE_TV, INVALID_SERVICE_ID, ""); }},
+};
+
+} // namespace
+
+const TCDebugMenuTPMS::TRows& TCDebugMenuTPMS::m_Menu_Test7_SetSource()
+{
+    static const TRows rows = {
+        {1, " 1. call [Main Handle] ISourceControl::SetSource(TV Source)  \n",
+         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_TV); }},
+        {2, " 2. call [Main Handle] ISourceControl::SetSource(HDMI1 Source)  \n",
+         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_HDMI1); }},
+        {3, " 3. call [PIP Handle] ISourceControl::SetSource(TV Source) \n",
+         [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_PIP); }},
+        {4, " 4. call [Main Handle] ISourceControl::SetSource(Component1Source) \n",
+         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_COMP1); }},
+        {5, " 5. call [Main Handle] ISourceControl::SetSource(TV Source, 0xfa0000000002002d) \n",
+         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_TV, kFixedServiceId); }},
+        {6, " 6. call [Clone Handle] ISourceControl::SetSource(TV Source) \n",
+         [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_MAIN); }},
+        {7, " 7. call [Clone Handle] ISourceControl::SetSource(HDMI Source) \n", &TCDebugMenuTPMS::m_SetSourceOnClone},
+    };
+    return rows;
+}
+
+void TCDebugMenuTPMS::m_Start_Test7_SetSource()
+{
+    for (;;) {
+        m_PrintMenu_Test7_SetSource();
+        const int answer = m_SelectCmd(kSelectPrompt);
+        if (answer == tpms::kExit || console::InputEnded())
+            return;
+        const auto* row = FindRow(m_Menu_Test7_SetSource(), answer);
+        if (row == nullptr)
+            row = &m_Menu_Test7_SetSource().front();
+        row->run(*this);
+    }
+}
+
+void TCDebugMenuTPMS::m_PrintMenu_Test7_SetSource()
+{
+    tpms::PrintMenu("\t[Test7 List - SetSource]\t\n", m_Menu_Test7_SetSource());
+}
+
+void TCDebugMenuTPMS::m_SetServiceOnPipeline(EProfile profile)
+{
+    const auto control = tpms::CreateSourceControl(profile);
+    if (!control)
+        return;
+    const auto major = static_cast<unsigned short>(m_SelectCmd(tpms::kMajorPrompt));
+    if (major == tpms::kNoMajor)
+        return;
+    const unsigned long long serviceId = m_GetServiceId(ANTENNA_MODE_AIR, major);
+    PreparePipeline(*control);
+    control->SetSource(SOURCE_TV, serviceId, "");
+    m_BindWindow(profile);
+}
+
+void TCDebugMenuTPMS::m_SetSourceOnClone()
+{
+    const auto control = tpms::CreateSourceControl();
+    if (!control)
+        return;
+    PreparePipeline(*control);
+    control->SetSource(SOURCE_HDMI1, "");
+    m_BindWindow(PROFILE_MAIN);
+}
+
+void TCDebugMenuTPMS::m_BindWindow(EProfile profile)
+{
+    int windowId = 0;
+    if (vconf_get_int("db/tv-viewer/window_id", &windowId) != 0)
+        return;
+    if (const auto video = CreateOrReport("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0))
+        video->SetWindowId(windowId);
+}
+
+const TCDebugMenuTPMS::TRows& TCDebugMenuTPMS::m_Menu_Test17_SetPrevieSource()
+{
+    static const TRows rows = {
+        {1, " 1. call [Main Handle] ISourceControl::SetPreviewSource(ESource)  \n",
+         [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(false); }},
+        {2, " 2. call [Main Handle] ISourceControl::SetPreviewSource(ESource, Major)  \n",
+         [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(true); }},
+    };
+    return rows;
+}
+
+void TCDebugMenuTPMS::m_Start_Test17_SetPrevieSource()
+{
+    while (!console::InputEnded()) {
+        m_PrintMenu_Test17_SetPrevieSource();
+        const int answer = m_SelectCmd(kSelectPrompt);
+        if (answer == tpms::kExit)
+            return;
+        if (const auto* row = FindRow(m_Menu_Test17_SetPrevieSource(), answer))
+            row->run(*this);
+    }
+}
+
+void TCDebugMenuTPMS::m_PrintMenu_Test17_SetPrevieSource()
+{
+    tpms::PrintMenu("\t[Test17 List - SetPreviewSource]\t\n", m_Menu_Test17_SetPrevieSource());
+}
+
+void TCDebugMenuTPMS::m_SetPreviewSource(bool withService)
+{
+    const int typed = m_SelectCmd("Enter ESource (TV=0, HDMI1=13)> ");
+    if (typed == tpms::kNoAnswer)
+        return;
+    if (typed < SOURCE_TV || typed > SOURCE_LAST) {
+        console::WriteLine("Invalid source " + std::to_string(typed) + ". Valid values (" + std::to_string(SOURCE_TV) +
+                           ", " + std::to_string(SOURCE_LAST) + ")");
+        return;
+    }
+    const auto source = static_cast<ESource>(typed);
+    unsigned long long serviceId = INVALID_SERVICE_ID;
+    if (withService) {
+        const int major = m_SelectCmd("Enter major (int)> ");
+        if (major == tpms::kNoAnswer)
+            return;
+        serviceId = m_GetServiceId(ANTENNA_MODE_AIR, static_cast<unsigned short>(major));
+        if (serviceId == INVALID_SERVICE_ID) {
+            tpms::ReportMajor(major);
+            return;
+        }
+    }
+    const auto control = tpms::CreateSourceControl();
+    if (!control)
+        return;
+    const int result =
+        withService ? control->SetPreviewSource(source, serviceId, "") : control->SetPreviewSource(source, "");
+    tpms::ReportResult("SetPreviewSource", result);
+}
+
+bool TCDebugMenuTPMS::m_InvalidServiceTest()
+{
+    TCSession<ISourceControl> control; // released after the navigation, though made after it
+    const auto navigation = tpms::CreateServiceNavigation();
+    if (!navigation)
+        return false;
+    control = tpms::CreateSourceControl();
+    if (!control)
+        return false;
+    while (!console::InputEnded()) {
+        tpms::PrintMenu("\t[Test20 List - InvalidServiceTest]\t\n", kInvalidServiceMenu);
+        const int answer = m_SelectCmd(tpms::kCommandPrompt);
+        if (answer == tpms::kExit)
+            return true;
+        if (const auto* row = FindRow(kInvalidServiceMenu, answer))
+            row->run(*navigation, *control);
+        else if (answer != tpms::kNoAnswer)
+            console::WriteLine("unsupported command: " + std::to_string(answer));
+    }
+    return true;
+}
+
+bool TCDebugMenuTPMS::m_SetBootupService()
+{
+    const auto navigation = tpms::CreateServiceNavigation();
+    if (!navigation)
+        return false;
+    const auto major = static_cast<unsigned short>(m_SelectCmd(tpms::kMajorPrompt));
+    if (major == tpms::kNoMajor)
+        return false;
+    const unsigned long long serviceId = m_GetServiceId(major);
+    TSTvMode mode(ANTENNA_MODE_UNKNOWN, SERVICE_MODE_UNKNOWN);
+    if (navigation->SetBootupService(serviceId, &mode, 0) > 0)
+        return true;
+    console::Write(" SetBootupService failed!");
+    return false;
+}

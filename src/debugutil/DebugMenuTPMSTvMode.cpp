@@ -1,0 +1,99 @@
+// TV mode with a service, crop and captions.
+#include "debugutil/DebugMenuTPMS.h"
+#include "debugutil/DebugMenuTPMSCommon.h"
+#include "debugutil/DebugMenuTPMSLookup.h"
+
+namespace
+{
+
+constexpr int kAntennaOfVC = 115; // field of a VC service that holds its antenna mode
+
+} // namespace
+
+const TCDebugMenuTPMS::TTvModeRows& TCDebugMenuTPMS::m_Menu_Test14_SetTvModeTest()
+{
+    const auto switchTo = [](EAntennaMode antenna, bool vc) {
+        return
+            [antenna, vc](TCDebugMenuTPMS& menu, unsigned short major) { menu.m_RunSetTvModeTest(antenna, major, vc); };
+    };
+    static const TTvModeRows rows = {
+        {0, " RF case:    \n", nullptr},
+        {1, " 1.  SetTvMode(Air, ch) \n", switchTo(ANTENNA_MODE_AIR, false)},
+        {2, " 2.  SetTvMode(Cable, ch) \n", switchTo(ANTENNA_MODE_CABLE, false)},
+        {3, " 3.  SetTvMode(Satellite, ch) \n", switchTo(ANTENNA_MODE_SATELLITE, false)},
+        {0, " VC case:    \n", nullptr},
+        {4, " 4.  SetTvMode(Air, ch) \n", switchTo(ANTENNA_MODE_AIR, true)},
+        {5, " 5.  SetTvMode(Cable, ch) \n", switchTo(ANTENNA_MODE_CABLE, true)},
+        {6, " 6.  SetTvMode(Satellite, ch) \n", switchTo(ANTENNA_MODE_SATELLITE, true)},
+    };
+    return rows;
+}
+
+void TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest()
+{
+    while (!console::InputEnded()) {
+        m_PrintMenu_Test14_SetTvModeTest();
+        const int answer = m_SelectCmd(tpms::kCommandPrompt);
+        if (answer == tpms::kNoAnswer)
+            continue;
+        const auto major =
+            static_cast<unsigned short>(m_SelectCmd(tpms::kMajorPrompt)); // for every answer, 99 included
+        if (major == tpms::kNoMajor)
+            continue;
+        const auto* row = FindRow(m_Menu_Test14_SetTvModeTest(), answer);
+        if (row == nullptr)
+            return;
+        row->run(*this, major);
+    }
+}
+
+void TCDebugMenuTPMS::m_PrintMenu_Test14_SetTvModeTest()
+{
+    TSMenuFrame frame = tpms::Frame();
+    frame.thinUnderTitle = false;
+    tpms::PrintMenu("\t[Test14 List - SetTvMode with ServiceId Test]\t\n", m_Menu_Test14_SetTvModeTest(), frame);
+}
+
+void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short major, bool vc)
+{
+    const auto navigation = tpms::CreateServiceNavigation();
+    if (!navigation)
+        return;
+    const auto service = CreateOrReport("CreateService failed\n", TVServiceAPI::CreateService);
+    if (!service)
+        return;
+    TSTvMode mode(ANTENNA_MODE_UNKNOWN, SERVICE_MODE_UNKNOWN);
+    navigation->GetTvMode(mode);
+    const EServiceProfile profile = tpms::ServiceProfileOf(mode);
+    mode.antennaMode = antenna;
+    mode.serviceMode = TCServiceUtility::ServiceProfileToServiceMode(profile);
+
+    TCCriteriaHelper criteria = tpms::ChannelCriteria(profile, major);
+    if (vc) {
+        criteria.Where(tpms::kChannelType, tpms::kChannelTypeVC);
+        criteria.Where(kAntennaOfVC, antenna);
+    } else {
+        criteria.Where(tpms::kChannelType, TCServiceUtility::AntennaModeToDigitalChannelType(antenna));
+    }
+    unsigned long long serviceId = INVALID_SERVICE_ID;
+    if (tpms::FindServiceId(*service, criteria, serviceId) && navigation->SetTvMode(mode, serviceId, "") <= 0)
+        console::Write(" SetTVMode failed!");
+}
+
+void TCDebugMenuTPMS::m_Start_Test15_SetCropVideoTest()
+{
+    if (const auto video =
+            CreateOrReport("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, PROFILE_CROP, 0))
+        video->SetCropVideo({540, 380, 100, 100}, {1520, 680, 400, 400});
+}
+
+void TCDebugMenuTPMS::m_Start_Test16_CheckCaptionExistTest()
+{
+    console::WriteLine("Check Caption exist");
+    const auto control = CreateOrReport("CreateDataControl failed\n", TVServiceAPI::CreateDataControl, PROFILE_MAIN, 0);
+    if (!control)
+        return;
+    bool exist = false;
+    control->CheckCaptionExist(exist);
+    console::WriteLine(std::string("Caption exist:") + (exist ? "1" : "0"));
+}
