@@ -34,6 +34,36 @@ const std::string kTVSMenu = "====================================\n"
                              "====================================\n"
                              "cmd> ";
 
+const std::string kTPMSMenu = "====================================\n"
+                              "\t[Process Debug List]\t\n"
+                              R"(------------------------------------
+ 1. Reference Count Test
+ 2. AV Mute Test
+ 3. HDMI Anaysis (Capture) test
+ 4. GetCurrentTPMSStatus test
+ 5. SetTvMode to DTV Air
+ 6. SetDTVMode test
+ 7. SetSource Test
+ 8. RestartVideoDecorder
+ 9. Set AVMode test
+ 10. Check Tuner Signal Sate
+ 11. Get Lastest Channel info
+ 12. Preparation Logic Test
+ 13. Preparation SetTvMode with service Id Test
+ 14. Set Crop Video test
+ 15. Check Caption Exist test
+ 16. SetPreviewSource
+ 17. SIGNAL_TUNE_PREPARATION mechanism
+ 18. Epg Data Feeding
+ 19. IZoomControl test
+ 20. InvalidService test
+ 21. Set boot up service
+------------------------------------
+ 99 : Exit
+====================================
+
+cmd> )";
+
 const std::string kSourceGuide = "**Source LIST**\n"
                                  "0.          TV \n"
                                  "1.          AV1 \n"

@@ -5,6 +5,7 @@
 
 extern const std::string kTopMenu;     ///< with its prompt
 extern const std::string kTVSMenu;     ///< with its prompt
+extern const std::string kTPMSMenu;    ///< with its prompt
 extern const std::string kSourceGuide; ///< of the TVS menu, with its prompt
 extern const std::string kSubIdPrompt;
 

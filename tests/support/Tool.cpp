@@ -119,8 +119,10 @@ void Tool::Type(const std::string& words)
 
 void Tool::WaitFor(const std::string& text)
 {
-    while (m_text.size() < text.size() || m_text.compare(m_text.size() - text.size(), text.size(), text) != 0)
-        ASSERT_TRUE(ReadSome(kPatienceMilliseconds)) << "no '" << text << "' after:\n" << m_text;
+    std::size_t found = std::string::npos;
+    while ((found = m_text.find(text, m_seen)) == std::string::npos)
+        ASSERT_TRUE(ReadSome(kPatienceMilliseconds)) << "no '" << text << "' after:\n" << m_text.substr(m_seen);
+    m_seen = found + text.size();
 }
 
 void Tool::CloseOutput()

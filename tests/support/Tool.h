@@ -27,7 +27,7 @@ public:
     Tool& operator=(const Tool&) = delete;
 
     void Type(const std::string& words);
-    /// Waits until the output ends in that text.
+    /// Waits until that text has come, behind the text waited for last.
     void WaitFor(const std::string& text);
     /// Ends the input, waits for the exit and collects all.
     Outcome Finish();
@@ -42,6 +42,7 @@ private:
     int m_in = -1;
     int m_out = -1;
     std::string m_text;
+    std::size_t m_seen = 0;
 };
 
 /// Types all of the input and ends it.

@@ -43,6 +43,28 @@ int OnPipelineSignal(ESignalType type, EProfile profile, unsigned short screenId
     return 0;
 }
 
+// A main loop on the default context in a thread of its own; it quits itself, so that it cannot miss it.
+class MainLoopThread
+{
+public:
+    MainLoopThread() : m_loop(g_main_loop_new(nullptr, FALSE)), m_thread([loop = m_loop] { g_main_loop_run(loop); }) {}
+    ~MainLoopThread()
+    {
+        const auto quit = [](gpointer loop) -> gboolean {
+            g_main_loop_quit(static_cast<GMainLoop*>(loop));
+            return G_SOURCE_REMOVE;
+        };
+        g_idle_add(quit, m_loop);
+        m_thread.join();
+        g_main_loop_unref(m_loop);
+    }
+    std::thread::id Id() const { return m_thread.get_id(); }
+
+private:
+    GMainLoop* m_loop;
+    std::thread m_thread;
+};
+
 std::vector<Received> WaitFor(std::size_t count)
 {
     std::unique_lock<std::mutex> lock(g_mutex);
@@ -91,18 +113,14 @@ TEST(Signals, ReachASubscriptionThatIsKnownByItsCallback)
 
 TEST(Signals, ReachTheMainContextWithTheirPipeline)
 {
-    GMainLoop* loop = g_main_loop_new(nullptr, FALSE);
-    std::thread thread([loop] { g_main_loop_run(loop); });
+    const MainLoopThread loop;
     Subscribe(OnPipelineSignal)->AddSignal(SIGNAL_TUNE_SUCCESS, 0, 702, 0, 0);
     Raise(PROFILE_PIP, 65535);
     const auto received = WaitFor(1);
     EXPECT_EQ(received[0].profile, PROFILE_PIP);
     EXPECT_EQ(received[0].screenId, 65535);
-    EXPECT_EQ(received[0].thread, thread.get_id());
+    EXPECT_EQ(received[0].thread, loop.Id());
     TVServiceAPI::DestroySignalSubscriber(OnPipelineSignal);
-    g_main_loop_quit(loop);
-    thread.join();
-    g_main_loop_unref(loop);
 }
 
 template <class Callback> void RaiseAndDestroy(Callback callback)
@@ -121,13 +139,9 @@ template <class Callback> void RaiseAndDestroy(Callback callback)
 
 TEST(Signals, NeverArriveAfterTheEndOfTheSubscription)
 {
-    GMainLoop* loop = g_main_loop_new(nullptr, FALSE);
-    std::thread thread([loop] { g_main_loop_run(loop); });
+    const MainLoopThread loop;
     RaiseAndDestroy(OnSignal);
     RaiseAndDestroy(OnPipelineSignal);
-    g_main_loop_quit(loop);
-    thread.join();
-    g_main_loop_unref(loop);
 }
 
 std::atomic<int> g_calls{0};

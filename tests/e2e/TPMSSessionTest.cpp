@@ -1,0 +1,80 @@
+// The TPMS menu by recorded sessions: every command, and the end of input behind every word of them.
+#include "support/Screens.h"
+#include "support/Session.h"
+#include "support/Tool.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace
+{
+
+class Recorded : public testing::TestWithParam<Session>
+{
+};
+
+std::vector<std::string> Words(const std::string& input)
+{
+    std::istringstream stream(input);
+    std::vector<std::string> words;
+    for (std::string word; stream >> word;)
+        words.push_back(word);
+    return words;
+}
+
+// What was asked of the TV service's objects, without the withdrawals with which command 17 ends.
+std::vector<std::string> Operations(const std::vector<std::string>& trace)
+{
+    std::vector<std::string> operations;
+    for (const std::string& call : trace)
+        if (call.rfind("TVServiceAPI::", 0) != 0)
+            operations.push_back(call);
+    const auto ends = [](const std::string& call) {
+        return call.rfind("IPipelineUtility::UnregisterFromStateChange(0, \"org.", 0) == 0 ||
+               call.rfind("IPipelineUtility::CheckPendingState(0)", 0) == 0;
+    };
+    while (!operations.empty() && ends(operations.back()))
+        operations.pop_back();
+    return operations;
+}
+
+TEST_P(Recorded, IsPlayedToTheLetter)
+{
+    const Session& session = GetParam();
+    const Outcome outcome = RunTool(session.input, session.scenario);
+    EXPECT_EQ(FoldMenus(outcome.out) + "\n", session.output);
+    EXPECT_EQ(Lines(outcome.trace), session.trace);
+    EXPECT_EQ(outcome.err, session.errors);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_TRUE(IsBalanced(outcome.trace));
+}
+
+TEST_P(Recorded, MayEndBehindEveryWord)
+{
+    const Session& session = GetParam();
+    const std::vector<std::string> whole = Operations(RunTool(session.input, session.scenario).trace);
+    const std::vector<std::string> words = Words(session.input);
+    std::string typed = words[0];
+    for (std::size_t count = 1; count < words.size(); typed += " " + words[count++]) {
+        const Outcome outcome = RunTool(typed, session.scenario);
+        EXPECT_EQ(outcome.status, 0) << typed;
+        EXPECT_TRUE(IsBalanced(outcome.trace)) << typed << "\n" << Lines(outcome.trace);
+        // Nothing that the words did not ask for.
+        const std::vector<std::string> operations = Operations(outcome.trace);
+        ASSERT_LE(operations.size(), whole.size()) << typed;
+        EXPECT_TRUE(std::equal(operations.begin(), operations.end(), whole.begin())) << typed << "\n"
+                                                                                     << Lines(operations);
+        // Every menu was left in its turn.
+        EXPECT_EQ(outcome.trace.back(), "TVServiceAPI::DestroySignalSubscriber()") << typed;
+        const std::string end = kTPMSMenu + kTopMenu;
+        if (count > 1 && words[count - 1] != "99") {
+            EXPECT_EQ(outcome.out.substr(outcome.out.size() - end.size()), end) << typed;
+        }
+    }
+}
+
+std::string NameOf(const testing::TestParamInfo<Session>& session) { return session.param.name; }
+
+INSTANTIATE_TEST_SUITE_P(TPMS, Recorded, testing::ValuesIn(LoadSessions()), NameOf);
+
+} // namespace
