@@ -3,30 +3,31 @@
 #include "tvs-api/Query.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
-TCTag::TCTag(const void* data, std::size_t size)
-    : m_data(static_cast<const unsigned char*>(data), static_cast<const unsigned char*>(data) + size)
-{
-}
+TCTag::TCTag(std::uint32_t value) : m_hasData(true) { std::memcpy(m_data, &value, sizeof value); }
 
-const void* TCTag::GetData() const { return m_data.empty() ? nullptr : m_data.data(); }
+TCTag::TCTag(std::uint64_t value) : m_hasData(true) { std::memcpy(m_data, &value, sizeof value); }
+
+const void* TCTag::GetData() const { return m_hasData ? m_data : nullptr; }
 
 const TCTag* TCTagSet::GetTag(int number) const
 {
-    const auto found = m_tags.find(number);
+    const auto found =
+        std::find_if(m_tags.begin(), m_tags.end(), [number](const auto& tag) { return tag.first == number; });
     return found == m_tags.end() ? nullptr : &found->second;
 }
 
-void TCTagSet::SetTag(int number, TCTag tag) { m_tags[number] = std::move(tag); }
+void TCTagSet::AddTag(int number, const TCTag& tag) { m_tags.emplace_back(number, tag); }
 
-const TCTagSet* TCServiceData::GetTagSet() const { return m_tags.get(); }
+const TCTagSet* TCServiceData::GetTagSet() const { return m_tags ? &*m_tags : nullptr; }
 
-void TCServiceData::SetTag(int number, TCTag tag)
+void TCServiceData::AddTag(int number, const TCTag& tag)
 {
     if (!m_tags)
-        m_tags = std::make_unique<TCTagSet>();
-    m_tags->SetTag(number, std::move(tag));
+        m_tags.emplace();
+    m_tags->AddTag(number, tag);
 }
 
 bool TCProgramData::Title(unsigned short* buffer, unsigned int* length) const

@@ -77,13 +77,12 @@ void Simulator::Fetch(const ScenarioService& service, const TCCriteriaHelper& cr
         if (found == service.tags.end())
             continue;
         const auto& value = found->second;
-        const auto narrow = static_cast<std::uint32_t>(value.value_or(0));
         if (!value)
-            data.SetTag(step.field, TCTag());
+            data.AddTag(step.field, TCTag());
         else if (step.field == kServiceIdField)
-            data.SetTag(step.field, TCTag(&*value, sizeof *value));
+            data.AddTag(step.field, TCTag(*value));
         else
-            data.SetTag(step.field, TCTag(&narrow, sizeof narrow));
+            data.AddTag(step.field, TCTag(static_cast<std::uint32_t>(*value)));
     }
 }
 

@@ -1,18 +1,37 @@
 #include "debugutil/Console.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
+#include <iomanip>
 #include <iostream>
 #include <limits>
 
 namespace console
 {
+namespace
+{
+
+constexpr int kLongestWord = 1 << 20;
+
+} // namespace
 
 void Write(const std::string& text) { std::cout << text << std::flush; }
 
 void WriteLine(std::string text) { Write(text += '\n'); }
 
-bool ReadWord(std::string& word) { return static_cast<bool>(std::cin >> word); }
+bool ReadWord(std::string& word)
+{
+    if (!(std::cin >> std::setw(kLongestWord) >> word))
+        return false;
+    if (word.size() == kLongestWord) {
+        // Not from a human hand. Its rest must become neither memory nor a word of its own.
+        std::streambuf& input = *std::cin.rdbuf();
+        for (int next = input.sgetc(); next != std::char_traits<char>::eof() && std::isspace(next) == 0;)
+            next = input.snextc();
+    }
+    return true;
+}
 
 bool Ask(const std::string& prompt, std::string& word)
 {

@@ -14,7 +14,8 @@ void Write(const std::string& text);
 /// Writes the text and a line end with one insertion and flushes.
 void WriteLine(std::string text);
 
-/// Reads one whitespace-separated word; several on a line feed successive reads. False at the end of input.
+/// Reads one whitespace-separated word; several on a line feed successive reads. A word of more than a
+/// mebibyte is cut. False at the end of input.
 bool ReadWord(std::string& word);
 
 /// Writes the prompt, then reads one word. False at the end of input.

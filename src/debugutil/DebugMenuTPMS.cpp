@@ -4,8 +4,9 @@
 #include "debugutil/DebugMenuTPMSCommon.h"
 #include "debugutil/HandlePrompt.h"
 
+#include <cstdint>
+#include <exception>
 #include <glib.h>
-#include <iostream>
 #include <memory>
 #include <sstream>
 #include <thread>
@@ -25,13 +26,15 @@ public:
 
     ~TCEventLoop()
     {
-        // Quit from inside the loop: a call from here would be lost if the thread has not entered the loop yet.
+        // A quit from here is lost if the thread has not entered the loop yet; one from inside the loop is not.
         GSource* source = g_idle_source_new();
         g_source_set_priority(source, G_PRIORITY_DEFAULT);
         g_source_set_callback(source, Quit, m_loop.get(), nullptr);
         g_source_attach(source, nullptr);
-        g_source_unref(source);
+        g_main_loop_quit(m_loop.get());
         m_thread.join();
+        g_source_destroy(source);
+        g_source_unref(source);
     }
 
     TCEventLoop(const TCEventLoop&) = delete;
@@ -98,17 +101,16 @@ public:
             *subscriber = nullptr;
     }
 
-    ~TCSubscription()
+    ~TCSubscription() noexcept(false)
     {
-        try {
-            TVServiceAPI::DestroySignalSubscriber(TVSSignalCallback);
-        } catch (const std::exception& error) {
-            std::cerr << std::string("TVServiceAPI::DestroySignalSubscriber: ") + error.what() + "\n";
-        }
+        ReleaseAtEndOfScope(m_exceptions, [] { TVServiceAPI::DestroySignalSubscriber(TVSSignalCallback); });
     }
 
     TCSubscription(const TCSubscription&) = delete;
     TCSubscription& operator=(const TCSubscription&) = delete;
+
+private:
+    int m_exceptions = std::uncaught_exceptions();
 };
 
 } // namespace

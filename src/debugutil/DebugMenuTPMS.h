@@ -15,7 +15,8 @@ public:
     DEBUGUTIL_EXPORT TCDebugMenuTPMS();
 
     /// Runs the menu on the console until 99 or the end of input, with a GLib main loop on the default context in a
-    /// thread of its own. May be called again. An exception of the TV service ends it, in order, and passes.
+    /// thread of its own; the caller must not hold that context. May be called again. An exception of the TV service
+    /// ends it, in order, and passes.
     DEBUGUTIL_EXPORT void Enter();
 
 private:
@@ -36,7 +37,7 @@ private:
     int m_SelectCmd(const std::string& prompt);
     void m_GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile);
 
-    // Lookups. Without a service the id is INVALID_SERVICE_ID, and the reason is on the console without a line end.
+    // Lookups. Without a service the id is INVALID_SERVICE_ID; "FindService failed" is printed without a line end.
     bool m_GetServiceList(TServiceList& services, IServiceNavigation* navigation);
     unsigned long long m_GetServiceId(EAntennaMode antenna, unsigned short major);
     unsigned long long m_GetServiceId(unsigned short major);
@@ -104,5 +105,5 @@ private:
     void m_CheckTunerSignalState();
     void m_PrintLatestServices();
 
-    ISignalSubscriber* m_signalSubscriber; // the TV service's; null without a subscription
+    ISignalSubscriber* m_signalSubscriber; // the TV service's; null without one, valid while Enter runs
 };

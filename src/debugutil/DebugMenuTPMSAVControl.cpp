@@ -56,8 +56,8 @@ void TCDebugMenuTPMS::m_Start_Test1_ReferenceCount()
     m_GetTVSHandleByUserInput(&handle, false);
     if (console::InputEnded())
         return;
-    const auto control = CreateOrReport("CreateReferenceCount failed\n", TVServiceAPI::CreateReferenceCount,
-                                        handle.profile, handle.screenId);
+    const auto control = CreateSession("CreateReferenceCount failed\n", TVServiceAPI::CreateReferenceCount,
+                                       handle.profile, handle.screenId);
     while (control && !console::InputEnded()) {
         m_PrintMenu_Test1_ReferenceCount();
         const int command = m_SelectCmd(tpms::kCommandPrompt);
@@ -80,7 +80,7 @@ void TCDebugMenuTPMS::m_Start_Test2_MuteControl()
     if (console::InputEnded())
         return;
     const auto control =
-        CreateOrReport("CreateAVControl failed\n", TVServiceAPI::CreateAVControl, handle.profile, handle.screenId);
+        CreateSession("CreateAVControl failed\n", TVServiceAPI::CreateAVControl, handle.profile, handle.screenId);
     while (control && !console::InputEnded()) {
         m_PrintMenu_Test2_MuteControl();
         const int command = m_SelectCmd(tpms::kCommandPrompt);

@@ -30,17 +30,17 @@ template <class Rows> void PrintMenu(const char* title, const Rows& rows, const 
 
 inline TCSession<ISourceControl> CreateSourceControl(EProfile profile = PROFILE_MAIN)
 {
-    return CreateOrReport("CreateSourceControl failed\n", TVServiceAPI::CreateSourceControl, profile, 0);
+    return CreateSession("CreateSourceControl failed\n", TVServiceAPI::CreateSourceControl, profile, 0);
 }
 
 inline TCSession<IServiceNavigation> CreateServiceNavigation()
 {
-    return CreateOrReport("CreateServiceNavigation failed\n", TVServiceAPI::CreateServiceNavigation, PROFILE_MAIN, 0);
+    return CreateSession("CreateServiceNavigation failed\n", TVServiceAPI::CreateServiceNavigation, PROFILE_MAIN, 0);
 }
 
 inline TCSession<IPipelineUtility> CreatePipelineUtility()
 {
-    return CreateOrReport("CreatePipelineUtility failed\n", TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
+    return CreateSession("CreatePipelineUtility failed\n", TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
 }
 
 /// Prints the result of an operation for which 1 is success.
@@ -49,7 +49,7 @@ inline void ReportResult(const std::string& label, int result)
     console::WriteLine((result == 1 ? "Succesfully called " : "Fail to ") + label + ", ret=" + std::to_string(result));
 }
 
-/// Ends the line that a failed lookup has begun.
+/// Says for which channel a lookup failed, on the line that it has begun.
 inline void ReportMajor(int major) { console::WriteLine(" for major=" + std::to_string(major)); }
 
 } // namespace tpms

@@ -96,7 +96,7 @@ const TCDebugMenuTPMS::TEpgRows& TCDebugMenuTPMS::m_Menu_EpgDataFeeding()
         {7, " 7. Stop Barker Channel scan\n",
          [](TCDebugMenuTPMS& menu, const TSEpgControls& controls) {
              ReportCall("StopBarkerChannelScan", controls.scan.StopBarkerChannelScan());
-             std::this_thread::sleep_for(kLastSignals); // what the scan reports as it stops is still printed
+             std::this_thread::sleep_for(kLastSignals); // a last chance for what the scan reports as it stops
              menu.m_RemoveSignals({SIGNAL_SI_STARTED, SIGNAL_BARKER_CHANNEL_TUNE});
          }},
     };
@@ -105,10 +105,10 @@ const TCDebugMenuTPMS::TEpgRows& TCDebugMenuTPMS::m_Menu_EpgDataFeeding()
 
 bool TCDebugMenuTPMS::m_EpgDataFeeding()
 {
-    const auto scan = CreateOrReport("CreateScanControl failed\n", TVServiceAPI::CreateScanControl);
+    const auto scan = CreateSession("CreateScanControl failed\n", TVServiceAPI::CreateScanControl);
     if (!scan)
         return false;
-    const auto guide = CreateOrReport("CreateServiceGuide failed\n", TVServiceAPI::CreateServiceGuide);
+    const auto guide = CreateSession("CreateServiceGuide failed\n", TVServiceAPI::CreateServiceGuide);
     if (!guide)
         return false;
     const auto navigation = tpms::CreateServiceNavigation();

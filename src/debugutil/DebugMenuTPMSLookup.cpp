@@ -14,7 +14,7 @@ namespace
 
 constexpr unsigned int kServiceOfTheList = 5;
 
-TCSession<IService> CreateService() { return CreateOrReport("CreateService failed\n", TVServiceAPI::CreateService); }
+TCSession<IService> CreateService() { return CreateSession("CreateService failed\n", TVServiceAPI::CreateService); }
 
 void ReportMissingTag(int field)
 {

@@ -55,7 +55,7 @@ const TCDebugMenuTPMS::TRows& TCDebugMenuTPMS::m_Menu_Test7_SetSource()
 
 void TCDebugMenuTPMS::m_Start_Test7_SetSource()
 {
-    for (;;) {
+    while (!console::InputEnded()) {
         m_PrintMenu_Test7_SetSource();
         const int answer = m_SelectCmd(kSelectPrompt);
         if (answer == tpms::kExit || console::InputEnded())
@@ -101,7 +101,7 @@ void TCDebugMenuTPMS::m_BindWindow(EProfile profile)
     int windowId = 0;
     if (vconf_get_int("db/tv-viewer/window_id", &windowId) != 0)
         return;
-    if (const auto video = CreateOrReport("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0))
+    if (const auto video = CreateSession("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0))
         video->SetWindowId(windowId);
 }
 

@@ -59,7 +59,7 @@ void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short ma
     const auto navigation = tpms::CreateServiceNavigation();
     if (!navigation)
         return;
-    const auto service = CreateOrReport("CreateService failed\n", TVServiceAPI::CreateService);
+    const auto service = CreateSession("CreateService failed\n", TVServiceAPI::CreateService);
     if (!service)
         return;
     TSTvMode mode(ANTENNA_MODE_UNKNOWN, SERVICE_MODE_UNKNOWN);
@@ -83,14 +83,14 @@ void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short ma
 void TCDebugMenuTPMS::m_Start_Test15_SetCropVideoTest()
 {
     if (const auto video =
-            CreateOrReport("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, PROFILE_CROP, 0))
+            CreateSession("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, PROFILE_CROP, 0))
         video->SetCropVideo({540, 380, 100, 100}, {1520, 680, 400, 400});
 }
 
 void TCDebugMenuTPMS::m_Start_Test16_CheckCaptionExistTest()
 {
     console::WriteLine("Check Caption exist");
-    const auto control = CreateOrReport("CreateDataControl failed\n", TVServiceAPI::CreateDataControl, PROFILE_MAIN, 0);
+    const auto control = CreateSession("CreateDataControl failed\n", TVServiceAPI::CreateDataControl, PROFILE_MAIN, 0);
     if (!control)
         return;
     bool exist = false;

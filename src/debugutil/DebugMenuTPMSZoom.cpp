@@ -8,7 +8,7 @@ namespace
 constexpr const char* kWindowPrompt = "WindowId = ";
 constexpr const char* kOnOffPrompt = "OnOff (1/0) = ";
 
-void ReportResult(const std::string& outcome, int result)
+void ReportApiResult(const std::string& outcome, int result)
 {
     console::WriteLine(outcome + " API ret[" + std::to_string(result) + "]");
 }
@@ -19,14 +19,14 @@ void ReportAvailable(IZoomControl& zoom)
 {
     bool available = false;
     const int result = zoom.IsZoomAvailable(available);
-    ReportResult("Zoom available" + Bracketed(available), result);
+    ReportApiResult("Zoom available" + Bracketed(available), result);
 }
 
 void ReportSharingType(IZoomControl& zoom)
 {
     int type = 0;
     const int result = zoom.GetZoomSharingAvailableType(type);
-    ReportResult("Zoom sharing available type" + Bracketed(type), result);
+    ReportApiResult("Zoom sharing available type" + Bracketed(type), result);
 }
 
 void ReportConnected(IZoomControl& zoom)
@@ -60,7 +60,7 @@ const TCDebugMenuTPMS::TZoomRows& TCDebugMenuTPMS::m_Menu_ZoomControlTest()
             const int id = menu.m_SelectCmd(kWindowPrompt);
             const bool on = menu.m_SelectCmd(kOnOffPrompt) != 0;
             if (!console::InputEnded())
-                ReportResult(outcome, (zoom.*operation)({id}, on));
+                ReportApiResult(outcome, (zoom.*operation)({id}, on));
         };
     };
     // Reads a window and asks one question about it.
@@ -71,7 +71,7 @@ const TCDebugMenuTPMS::TZoomRows& TCDebugMenuTPMS::m_Menu_ZoomControlTest()
                 return;
             bool answer = false;
             const int result = (zoom.*question)(id, answer);
-            ReportResult(outcome + Bracketed(answer), result);
+            ReportApiResult(outcome + Bracketed(answer), result);
         };
     };
     static const TZoomRows rows = {
@@ -87,14 +87,14 @@ const TCDebugMenuTPMS::TZoomRows& TCDebugMenuTPMS::m_Menu_ZoomControlTest()
                  return;
              int handle = -1;
              const int result = zoom.CreateZoomWindow(handle, source, destination, main);
-             ReportResult("Created window handle" + Bracketed(handle), result);
+             ReportApiResult("Created window handle" + Bracketed(handle), result);
          }},
         {4, " 4. Delete zoom window\n",
          [](TCDebugMenuTPMS& menu, IZoomControl& zoom) {
              const int id = menu.m_SelectCmd(kWindowPrompt);
              const TSRectInfo main = menu.m_ReadRect("Main");
              if (!console::InputEnded())
-                 ReportResult("Window destroy!", zoom.DeleteZoomWindow({id}, main));
+                 ReportApiResult("Window destroy!", zoom.DeleteZoomWindow({id}, main));
          }},
         {5, " 5. Set zoom window (ON/OFF)\n", switchWindow(&IZoomControl::SetZoomWindow, "Window set!")},
         {6, " 6. Mute/unmute zoom window\n", switchWindow(&IZoomControl::MuteZoomWindow, "Window muted!")},
@@ -107,7 +107,7 @@ const TCDebugMenuTPMS::TZoomRows& TCDebugMenuTPMS::m_Menu_ZoomControlTest()
              const TSRectInfo destination = menu.m_ReadRect("Dst");
              const TSRectInfo main = menu.m_ReadRect("Main");
              if (!console::InputEnded())
-                 ReportResult("Window size updated!", zoom.UpdateZoomWindowSize(id, source, destination, main));
+                 ReportApiResult("Window size updated!", zoom.UpdateZoomWindowSize(id, source, destination, main));
          }},
         {10, " 10. Get connected zoom windows\n", [](TCDebugMenuTPMS&, IZoomControl& zoom) { ReportConnected(zoom); }},
     };
@@ -116,12 +116,9 @@ const TCDebugMenuTPMS::TZoomRows& TCDebugMenuTPMS::m_Menu_ZoomControlTest()
 
 void TCDebugMenuTPMS::m_ZoomControlTest()
 {
-    const auto zoom = CreateSession(TVServiceAPI::CreateZoomControl, PROFILE_MAIN, 0);
-    if (!zoom) {
-        console::WriteLine("ZoomControl interface creation failed!");
-        return;
-    }
-    while (!console::InputEnded()) {
+    const auto zoom =
+        CreateSession("ZoomControl interface creation failed!\n", TVServiceAPI::CreateZoomControl, PROFILE_MAIN, 0);
+    while (zoom && !console::InputEnded()) {
         m_PrintMenu_ZoomControlTest();
         const int answer = m_SelectCmd(tpms::kCommandPrompt);
         if (answer == tpms::kExit)

@@ -2,13 +2,11 @@
 
 #include "debugutil/Console.h"
 
-#include <cstdio>
 #include <new>
 
 namespace
 {
 
-constexpr unsigned kConstructorLine = 20;
 constexpr std::int32_t kFailed = -1;
 
 // A request only reads the values pushed into it.
@@ -33,11 +31,8 @@ TCDebugPrintControlProxy::TCDebugPrintControlProxy(const std::string& serviceNam
                                       "com.kavrin.TVService.SignalIFace", "/com/kavrin/TVService/SignalObject", true))
 {
     if (m_pTVSConnection == nullptr) {
-        _TCApiAssert("m_pTVSConnection", "src/debugutil/DebugPrintControlProxy", kConstructorLine, nullptr);
-        char line[64];
-        std::snprintf(line, sizeof line, "ASSERT!!! - function %s, line %u", "TCDebugPrintControlProxy",
-                      kConstructorLine);
-        console::Write(line);
+        _TCApiAssert("m_pTVSConnection", "src/debugutil/DebugPrintControlProxy", 20, nullptr);
+        console::Write("ASSERT!!! - function TCDebugPrintControlProxy, line 20");
     }
 }
 

@@ -22,7 +22,7 @@ public:
     virtual std::int32_t Execute(const std::string& command, std::string& response) = 0;
     /// Fills in the service's check value. -1: the call failed.
     virtual std::int32_t Check(std::int32_t& value) = 0;
-    /// The items as far as they came; empty if the call failed.
+    /// The items as far as the reply filled them; empty without a reply.
     virtual std::vector<TSMenuItem> GetMenuItems() = 0;
     /// True when the call went through, whatever the service says to it; so for all that return bool and set.
     virtual bool SetMenuItems(const std::vector<TSMenuItem>& items) = 0;

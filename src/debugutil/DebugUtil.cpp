@@ -41,7 +41,8 @@ void RunAction(const std::string& name, const std::function<void()>& action)
     } catch (...) {
         failure = "unknown exception";
     }
-    std::cerr << name + ": " + failure + "\n" << std::flush;
+    std::replace(failure.begin(), failure.end(), '\n', ' ');
+    std::cerr << name + ": " + failure + "\n";
 }
 
 std::string MenuText(const std::vector<TSMenuOption>& options)

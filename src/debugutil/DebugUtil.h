@@ -16,7 +16,7 @@ struct TSMenuOption {
     std::function<void()> action;
 };
 
-/// Static data and operations only. Everything runs on the console thread except SignalReceivedCallback.
+/// Static data and operations only. Everything runs on the console thread except the signal monitor.
 class TCDebugUtil
 {
 public:

@@ -19,8 +19,8 @@ constexpr ESignalType kMonitoredSignals[] = {SIGNAL_TUNE_START,     SIGNAL_TUNE_
 // Without a line end, as all failures of this menu: the next menu follows.
 TCSession<ISourceControl> CreateSourceControl(EProfile profile, int screenId)
 {
-    return CreateOrReport("[DebugUtil] TVServiceAPI::CreateSourceControl fail", TVServiceAPI::CreateSourceControl,
-                          profile, screenId);
+    return CreateSession("[DebugUtil] TVServiceAPI::CreateSourceControl fail", TVServiceAPI::CreateSourceControl,
+                         profile, screenId);
 }
 
 std::optional<std::int32_t> AskSubId()
@@ -74,8 +74,8 @@ void SizeControl()
         *next++ = *value;
     }
     const auto [x, y, width, height] = values;
-    if (const auto video = CreateOrReport("[DebugUtil] TVServiceAPI::CreateVideoControl fail",
-                                          TVServiceAPI::CreateVideoControl, handle.profile, handle.screenId))
+    if (const auto video = CreateSession("[DebugUtil] TVServiceAPI::CreateVideoControl fail",
+                                         TVServiceAPI::CreateVideoControl, handle.profile, handle.screenId))
         video->SetVideoSize(x, y, height, width);
 }
 
@@ -138,8 +138,8 @@ void SetAnalogCleanView()
     const auto on = console::AskNumber(kOnOff);
     if (!on)
         return;
-    if (const auto control = CreateOrReport("[DebugUtil] TVServiceAPI::CreateAVControl fail",
-                                            TVServiceAPI::CreateAVControl, PROFILE_MAIN, 0))
+    if (const auto control = CreateSession("[DebugUtil] TVServiceAPI::CreateAVControl fail",
+                                           TVServiceAPI::CreateAVControl, PROFILE_MAIN, 0))
         control->SetAnalogCleanView(*on != 0);
 }
 
@@ -149,7 +149,7 @@ template <int (ISourceControl::*Operation)(ESource)> void MonitorSource()
     if (!source)
         return;
     if (const auto control = CreateSourceControl(PROFILE_SOURCE_MONITORING, 0))
-        (control.get()->*Operation)(*source);
+        ((*control).*Operation)(*source);
 }
 
 void SetSoundOnVideoCall()
@@ -165,8 +165,8 @@ void SetSoundOnVideoCall()
 void GetPIDSetStatus()
 {
     bool set = false;
-    const auto utility = CreateOrReport("[DebugUtil] TVServiceAPI::CreatePipelineUtility fail",
-                                        TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
+    const auto utility = CreateSession("[DebugUtil] TVServiceAPI::CreatePipelineUtility fail",
+                                       TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
     if (!utility)
         return;
     utility->GetPIDSetStatus(set);

@@ -70,10 +70,10 @@ bool TCMarshalableString::TreeToClass(TCTreeBranch& branch)
     const auto& children = branch.GetChildren();
     if (children.size() != 2 || children[1].GetElementCount(1) != length)
         return false;
-    std::vector<char> bytes(std::size_t{length} + 1);
-    formatter.PushLengthArray(1, static_cast<int>(length), bytes.data(), nullptr);
+    std::string received(length, '\0');
+    formatter.PushLengthArray(1, static_cast<int>(length), received.data(), nullptr);
     if (!formatter.FillOut())
         return false;
-    m_data->assign(bytes.data(), length);
+    *m_data = std::move(received);
     return true;
 }

@@ -4,9 +4,11 @@
 #include "tvs-api-internal/Diagnostics.h"
 #include "tvs-api-internal/Tree.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// One item of the remote debug menu. In a branch: 0 the name, 1 the state (1 byte), 2 the number (4 bytes).
@@ -45,7 +47,7 @@ private:
 };
 
 /// Marshals a sequence of marshalable elements that it does not own, one child per element; the node creator is its own.
-/// Never reports failure: what cannot be written is left out, what cannot be read is a default element.
+/// Never reports failure: what cannot be written is left out, what cannot be read is an element as far as it was filled.
 template <class Container, class Element> class TCMarshalableOneDimensionContainer : public TCMarshalable
 {
 public:

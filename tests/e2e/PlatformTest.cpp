@@ -78,7 +78,7 @@ TEST(Platform, TracesToStandardError)
     EXPECT_EQ(outcome.err, "TVServiceAPI::CreatePipelineUtility(1, 0) = 0\n"
                            "IPipelineUtility::GetPIDSetStatus() ! two\\nlines \"quoted\"\n"
                            "TVServiceAPI::Destroy(IPipelineUtility)\n"
-                           "TVS Debug: two\nlines \"quoted\"\n");
+                           "TVS Debug: two lines \"quoted\"\n");
 }
 
 } // namespace

@@ -61,6 +61,13 @@ TEST(Shell, SurvivesWordsThatNobodyTypes)
     EXPECT_EQ(outcome.status, 0);
 }
 
+TEST(Shell, CutsAWordThatDoesNotEnd)
+{
+    const Outcome outcome = RunTool("2" + std::string(3'000'000, '0') + " 2");
+    EXPECT_EQ(outcome.out, "DebugUtil\n" + kTopMenu + "Option was not recognised 2147483647\n" + kTopMenu +
+                               "executing: TV Player\nCommand not implemented\n" + kTopMenu);
+}
+
 TEST(Shell, ReportsAPlugInThatIsNotThere)
 {
     const Outcome outcome = RunTool("6\n2\n", "", {{"DEBUGMENU_SYSROOT", "/nowhere"}});

@@ -114,7 +114,7 @@ TEST(TPMSFaults, WorksWithoutASubscription)
         "6 2", "[throw]\nTVServiceAPI::CreateSignalSubscriber=none\nTVServiceAPI::DestroySignalSubscriber=late\n");
     EXPECT_EQ(thrown.err, "TVS HT Debug: none\n");
     const Outcome late = RunTool("6 99 99", "[throw]\nTVServiceAPI::DestroySignalSubscriber=late\n");
-    EXPECT_EQ(late.err, "TVServiceAPI::DestroySignalSubscriber: late\n");
+    EXPECT_EQ(late.err, "TVS HT Debug: late\n");
     EXPECT_EQ(late.status, 0);
 }
 

@@ -1,5 +1,6 @@
 #include "support/Tool.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -119,9 +120,11 @@ void Tool::Type(const std::string& words)
 
 void Tool::WaitFor(const std::string& text)
 {
-    std::size_t found = std::string::npos;
-    while ((found = m_text.find(text, m_seen)) == std::string::npos)
+    std::size_t from = m_seen, found = std::string::npos;
+    while ((found = m_text.find(text, from)) == std::string::npos) {
+        from = std::max(m_seen, m_text.size() - std::min(m_text.size(), text.size()));
         ASSERT_TRUE(ReadSome(kPatienceMilliseconds)) << "no '" << text << "' after:\n" << m_text.substr(m_seen);
+    }
     m_seen = found + text.size();
 }
 

@@ -6,8 +6,9 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// A TV mode: antenna and kind of service. Both -1 where the current mode is meant or to be filled in.
@@ -29,20 +30,22 @@ struct TSRectInfo : TCMarshalable {
     std::int32_t height = 0;
 };
 
-/// One field of a service record.
+/// One field of a service record. Lists hold very many of them, so the value is kept inside.
 class TCTag
 {
 public:
     /// A field without a value.
     TCTag() = default;
-    /// A field with `size` bytes of value, copied from `data`.
-    TCTag(const void* data, std::size_t size);
+    /// A field with a value of 32 or 64 bits.
+    explicit TCTag(std::uint32_t value);
+    explicit TCTag(std::uint64_t value);
 
     /// The value, owned by the tag: 64 bits for the service id (12), 32 bits otherwise; null if it has none.
     const void* GetData() const;
 
 private:
-    std::vector<unsigned char> m_data;
+    alignas(std::uint64_t) unsigned char m_data[sizeof(std::uint64_t)] = {};
+    bool m_hasData = false;
 };
 
 /// The fields of a service record by number.
@@ -51,11 +54,11 @@ class TCTagSet
 public:
     /// The field, owned by the set; null if it is not there.
     const TCTag* GetTag(int number) const;
-    /// Adds a field or replaces it.
-    void SetTag(int number, TCTag tag);
+    /// Adds a field that is not there yet.
+    void AddTag(int number, const TCTag& tag);
 
 private:
-    std::map<int, TCTag> m_tags;
+    std::vector<std::pair<int, TCTag>> m_tags; // a handful
 };
 
 /// One service of the TV service's database.
@@ -64,11 +67,11 @@ class TCServiceData
 public:
     /// The fields that were fetched, owned by the record; null if there are none.
     const TCTagSet* GetTagSet() const;
-    /// Adds a field; the tag set comes into being with the first.
-    void SetTag(int number, TCTag tag);
+    /// Adds a field that is not there yet; the tag set comes into being with the first.
+    void AddTag(int number, const TCTag& tag);
 
 private:
-    std::unique_ptr<TCTagSet> m_tags;
+    std::optional<TCTagSet> m_tags;
 };
 
 /// One programme of the guide.
