@@ -1,5 +1,7 @@
 #include "EmbeddedService.h"
 
+#include "Environment.h"
+
 #include <cerrno>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -10,8 +12,8 @@ namespace host
 namespace
 {
 
-// Starts a bus on the socket, which it owns from here on.
-template <class Configure> Bus StartOn(int socket, Configure configure)
+// A bus on the socket, which it owns from here on.
+Bus MakeBus(int socket)
 {
     sd_bus* made = nullptr;
     const int result = sd_bus_new(&made);
@@ -19,8 +21,6 @@ template <class Configure> Bus StartOn(int socket, Configure configure)
     if (result < 0 || sd_bus_set_fd(made, socket, socket) < 0)
         close(socket);
     Checked(result);
-    configure(made);
-    Checked(sd_bus_start(made));
     return bus;
 }
 
@@ -34,14 +34,21 @@ Bus EmbeddedService::Connect()
     int sockets[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, sockets) != 0)
         Checked(-errno);
-    Bus client = StartOn(sockets[0], [](sd_bus*) {});
-    Bus server = StartOn(sockets[1], [](sd_bus* bus) {
-        sd_id128_t id;
-        Checked(sd_id128_randomize(&id));
-        Checked(sd_bus_set_server(bus, 1, id));
-        Checked(sd_bus_set_anonymous(bus, 1));
+    Bus client = MakeBus(sockets[0]);
+    Bus server = MakeBus(sockets[1]);
+    sd_id128_t id;
+    Checked(sd_id128_randomize(&id));
+    Checked(sd_bus_set_server(server.get(), 1, id));
+    Checked(sd_bus_set_anonymous(server.get(), 1));
+    Checked(sd_bus_start(server.get()));
+    Checked(sd_bus_start(client.get()));
+    m_thread = std::thread([this, bus = std::move(server)] {
+        try {
+            m_service.Serve(bus.get());
+        } catch (const std::exception& error) {
+            Complain(std::string("embedded TV service: ") + error.what()); // the client finds its bus closed
+        }
     });
-    m_thread = std::thread([this, bus = std::move(server)] { m_service.Serve(bus.get()); });
     return client;
 }
 

@@ -14,6 +14,12 @@ std::optional<std::string> Setting(const char* name);
 /// taken for the console.
 void KeepStandardDescriptors();
 
+/// The byte as `\xHH`.
+std::string HexEscape(unsigned char byte);
+
+/// The text with its line ends as `\n` and other control characters as `\xHH`.
+std::string OneLine(const std::string& text);
+
 /// Writes one line to standard error and ends the process with status 2. Static objects may be half made, so none of
 /// them is destroyed.
 [[noreturn]] void Refuse(const std::string& reason);

@@ -1,7 +1,6 @@
 #include "MessageCodec.h"
 
 #include <cerrno>
-#include <cstring>
 #include <string>
 #include <system_error>
 
@@ -11,7 +10,8 @@ namespace
 {
 
 constexpr const char* kBranch = "a(nv)";
-constexpr int kDeepest = 16; // honest trees have three levels
+constexpr int kDeepest = 16;       // honest trees have three levels
+constexpr int kMostNodes = 50'000; // and a menu of ten thousand items has fewer
 
 void AppendVariant(sd_bus_message* message, const TCTreeNode& node);
 
@@ -51,53 +51,68 @@ template <class Number> Number ReadPlain(sd_bus_message* message, char type)
     return number;
 }
 
-TCTreeNode::Value ReadVariant(sd_bus_message* message, int depth);
-
-TCTreeBranch ReadBranch(sd_bus_message* message, int depth)
+// Reads variants, and counts what it makes of them: a node takes many times the bytes of a short value.
+class NodeReader
 {
-    TCTreeBranch branch;
-    Checked(sd_bus_message_enter_container(message, 'a', "(nv)"));
-    while (Checked(sd_bus_message_enter_container(message, 'r', "nv")) > 0) {
-        const auto tag = ReadPlain<std::int16_t>(message, 'n');
-        branch.AppendChild({tag, ReadVariant(message, depth + 1)});
-        Checked(sd_bus_message_exit_container(message));
+public:
+    explicit NodeReader(sd_bus_message* message) : m_message(message) {}
+
+    TCTreeNode::Value ReadVariant(int depth)
+    {
+        if (++m_nodes > kMostNodes)
+            Checked(-EMSGSIZE);
+        const char* type = nullptr;
+        Checked(sd_bus_message_peek_type(m_message, nullptr, &type));
+        const std::string contents = type == nullptr ? "" : type;
+        Checked(sd_bus_message_enter_container(m_message, 'v', contents.c_str()));
+        TCTreeNode::Value value = ReadContents(contents, depth);
+        Checked(sd_bus_message_exit_container(m_message));
+        return value;
     }
-    Checked(sd_bus_message_exit_container(message));
-    return branch;
-}
 
-TCTreeNode::Value ReadContents(sd_bus_message* message, const char* type, int depth)
-{
-    if (std::strcmp(type, "y") == 0)
-        return ReadPlain<std::uint8_t>(message, 'y');
-    if (std::strcmp(type, "q") == 0)
-        return ReadPlain<std::uint16_t>(message, 'q');
-    if (std::strcmp(type, "u") == 0)
-        return ReadPlain<std::uint32_t>(message, 'u');
-    if (std::strcmp(type, "t") == 0)
-        return ReadPlain<std::uint64_t>(message, 't');
-    if (std::strcmp(type, "ay") == 0 && depth > 0) {
+private:
+    TCTreeNode::Value ReadContents(const std::string& type, int depth)
+    {
+        if (type == "y")
+            return ReadPlain<std::uint8_t>(m_message, 'y');
+        if (type == "q")
+            return ReadPlain<std::uint16_t>(m_message, 'q');
+        if (type == "u")
+            return ReadPlain<std::uint32_t>(m_message, 'u');
+        if (type == "t")
+            return ReadPlain<std::uint64_t>(m_message, 't');
+        if (type == "ay" && depth > 0)
+            return ReadBytes();
+        if (type == kBranch && depth < kDeepest)
+            return ReadBranch(depth);
+        throw std::system_error(EBADMSG, std::generic_category());
+    }
+
+    TCTreeNode::Bytes ReadBytes()
+    {
         const void* bytes = nullptr;
         std::size_t size = 0;
-        Checked(sd_bus_message_read_array(message, 'y', &bytes, &size));
+        Checked(sd_bus_message_read_array(m_message, 'y', &bytes, &size));
         const auto* first = static_cast<const unsigned char*>(bytes);
-        return TCTreeNode::Bytes(first, first + size);
+        return {first, first + size};
     }
-    if (std::strcmp(type, kBranch) == 0 && depth < kDeepest)
-        return ReadBranch(message, depth);
-    return Checked(-EBADMSG), TCTreeNode::Value();
-}
 
-TCTreeNode::Value ReadVariant(sd_bus_message* message, int depth)
-{
-    const char* type = nullptr;
-    Checked(sd_bus_message_peek_type(message, nullptr, &type));
-    const std::string contents = type == nullptr ? "" : type;
-    Checked(sd_bus_message_enter_container(message, 'v', contents.c_str()));
-    TCTreeNode::Value value = ReadContents(message, contents.c_str(), depth);
-    Checked(sd_bus_message_exit_container(message));
-    return value;
-}
+    TCTreeBranch ReadBranch(int depth)
+    {
+        TCTreeBranch branch;
+        Checked(sd_bus_message_enter_container(m_message, 'a', "(nv)"));
+        while (Checked(sd_bus_message_enter_container(m_message, 'r', "nv")) > 0) {
+            const auto tag = ReadPlain<std::int16_t>(m_message, 'n');
+            branch.AppendChild({tag, ReadVariant(depth + 1)});
+            Checked(sd_bus_message_exit_container(m_message));
+        }
+        Checked(sd_bus_message_exit_container(m_message));
+        return branch;
+    }
+
+    sd_bus_message* m_message;
+    int m_nodes = 0;
+};
 
 } // namespace
 
@@ -119,9 +134,10 @@ void AppendValues(sd_bus_message* message, const std::vector<TCTreeNode>& values
 std::vector<TCTreeNode> ReadValues(sd_bus_message* message)
 {
     std::vector<TCTreeNode> values;
+    NodeReader reader(message);
     Checked(sd_bus_message_enter_container(message, 'a', "v"));
     while (Checked(sd_bus_message_at_end(message, 0)) == 0)
-        values.emplace_back(static_cast<short>(values.size()), ReadVariant(message, 0));
+        values.emplace_back(static_cast<short>(values.size()), reader.ReadVariant(0));
     Checked(sd_bus_message_exit_container(message));
     return values;
 }

@@ -23,8 +23,7 @@ int Checked(int result);
 /// Appends the values as `av`. Tags of the top level do not travel.
 void AppendValues(sd_bus_message* message, const std::vector<TCTreeNode>& values);
 
-/// Reads an `av`. Throws std::system_error if it holds anything but trees, or one too deep to be honest. Takes no more
-/// memory than the message has bytes, times a small number.
+/// Reads an `av`. Throws std::system_error if it holds anything but trees, or trees too deep or too large to be honest.
 std::vector<TCTreeNode> ReadValues(sd_bus_message* message);
 
 } // namespace host

@@ -55,11 +55,7 @@ public:
                                  const std::vector<TCTreeNode>& request)
     {
         const auto end = Clock::now() + kAnswerTime;
-        if (m_bus && !IsAlive())
-            m_bus.reset();
-        if (!m_bus)
-            Open();
-        WaitUntilReady(end);
+        Connect(end);
 
         sd_bus_message* made = nullptr;
         host::Checked(sd_bus_message_new_method_call(m_bus.get(), &made, host::kServiceBusName, m_objectPath.c_str(),
@@ -68,7 +64,10 @@ public:
         host::Checked(sd_bus_message_append_basic(made, 'n', &number));
         host::AppendValues(made, request);
         sd_bus_message* received = nullptr;
-        host::Checked(sd_bus_call(m_bus.get(), made, MicrosecondsUntil(end), nullptr, &received));
+        const int result = sd_bus_call(m_bus.get(), made, MicrosecondsUntil(end), nullptr, &received);
+        if (result == -ETIMEDOUT)
+            m_bus.reset(); // half an answer may be stuck in it
+        host::Checked(result);
         const host::BusMessage reply(received);
         if (host::Checked(sd_bus_message_has_signature(received, "av")) == 0)
             host::Checked(-EBADMSG);
@@ -76,6 +75,21 @@ public:
     }
 
 private:
+    // A bus that is ready by then, or none.
+    void Connect(Clock::time_point end)
+    {
+        try {
+            if (m_bus && !IsAlive())
+                m_bus.reset();
+            if (!m_bus)
+                Open();
+            WaitUntilReady(end);
+        } catch (const std::exception&) {
+            m_bus.reset();
+            throw;
+        }
+    }
+
     void Open() { m_bus = m_busSetting ? host::OpenServiceBus(*m_busSetting) : m_embedded.Connect(); }
 
     // Takes what has come in since the last call, the end of the connection included.

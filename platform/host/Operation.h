@@ -1,6 +1,7 @@
 // How every platform call runs: the scenario's fault or the work, then its line in the trace.
 #pragma once
 
+#include "Environment.h"
 #include "OperationNames.h"
 #include "Scenario.h"
 #include "Trace.h"

@@ -2,12 +2,17 @@
 
 #include "OperationNames.h"
 
+#include <cerrno>
 #include <charconv>
-#include <functional>
+#include <cstring>
+#include <fstream>
 #include <glib.h>
 #include <limits>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
+#include <sys/stat.h>
+#include <unordered_set>
 
 namespace host
 {
@@ -103,6 +108,13 @@ template <class Number> std::optional<Number> ParseNumber(const std::string& tex
     return number;
 }
 
+std::string Stripped(const std::string& text)
+{
+    constexpr const char* blanks = " \t\r\n\v\f";
+    const std::size_t first = text.find_first_not_of(blanks);
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
 struct Freer {
     void operator()(GKeyFile* file) const { g_key_file_free(file); }
     void operator()(GError* error) const { g_error_free(error); }
@@ -192,7 +204,7 @@ private:
             return;
         }
         const auto tag = ParseNumber<std::uint16_t>(key);
-        if (!tag)
+        if (!tag || std::to_string(*tag) != key)
             Fail(key, "unknown key");
         std::optional<std::uint64_t> value;
         if (!Raw(key).empty())
@@ -212,14 +224,14 @@ private:
     void ReadResult(const std::string& key)
     {
         CheckOperation(key);
-        std::string value = Raw(key);
         Fault& fault = m_scenario.faults[key];
-        const std::string word = " object";
-        if (value.size() > word.size() && value.compare(value.size() - word.size(), word.size(), word) == 0) {
+        std::string value = Raw(key);
+        const std::size_t blank = value.find_last_of(" \t");
+        if (blank != std::string::npos && value.substr(blank + 1) == "object") {
             if (!IsFactory(key))
                 Fail(key, "only a factory makes an object");
             fault.object = true;
-            value.resize(value.find_last_not_of(" \t", value.size() - word.size()) + 1);
+            value.resize(value.find_last_not_of(" \t", blank) + 1);
         }
         fault.result = ParseNumber<std::int32_t>(value);
         if (!fault.result)
@@ -258,7 +270,7 @@ private:
     std::string Raw(const std::string& key)
     {
         const Owned<char> value(g_key_file_get_value(m_file, m_group.c_str(), key.c_str(), nullptr));
-        return value ? g_strstrip(value.get()) : "";
+        return value ? Stripped(value.get()) : "";
     }
 
     std::string Text(const std::string& key)
@@ -266,8 +278,8 @@ private:
         GError* raised = nullptr;
         const Owned<char> value(g_key_file_get_string(m_file, m_group.c_str(), key.c_str(), &raised));
         const Owned<GError> error(raised);
-        if (!value)
-            Fail(key, "not a text in UTF-8");
+        if (!value || error)
+            Fail(key, "not a text in UTF-8, or a wrong escape");
         return value.get();
     }
 
@@ -282,14 +294,39 @@ private:
     Scenario m_scenario;
 };
 
-Scenario ReadKeyFile(const std::string& path, const std::function<gboolean(GKeyFile*, GError**)>& load)
+// GLib merges groups and keys that stand twice; a service that is lost that way is better reported.
+void RefuseRepetitions(const std::string& path, const std::string& text)
+{
+    std::unordered_set<std::string> groups, keys;
+    std::string group;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        line = Stripped(line);
+        if (line.empty() || line[0] == '#')
+            continue;
+        const bool isGroup = line[0] == '[';
+        const std::string name =
+            isGroup ? line.substr(1, line.rfind(']') - 1) : Stripped(line.substr(0, line.find('=')));
+        if (isGroup) {
+            group = name;
+            keys.clear();
+        }
+        if (!(isGroup ? groups : keys).insert(name).second)
+            throw std::runtime_error("scenario " + path + ": [" + group + "]" + (isGroup ? "" : " " + name) +
+                                     ": stands twice");
+    }
+}
+
+Scenario ReadText(const std::string& path, const std::string& text)
 {
     const Owned<GKeyFile> file(g_key_file_new());
     GError* raised = nullptr;
-    const bool loaded = load(file.get(), &raised) != FALSE;
+    const bool loaded = g_key_file_load_from_data(file.get(), text.c_str(), text.size(), G_KEY_FILE_KEEP_TRANSLATIONS,
+                                                  &raised) != FALSE;
     const Owned<GError> error(raised);
     if (!loaded)
         throw std::runtime_error("scenario " + path + ": " + error->message);
+    RefuseRepetitions(path, text);
     return Reader(path, file.get()).Read();
 }
 
@@ -297,16 +334,20 @@ Scenario ReadKeyFile(const std::string& path, const std::function<gboolean(GKeyF
 
 Scenario LoadScenario(const std::string& path)
 {
-    return ReadKeyFile(path, [&](GKeyFile* file, GError** error) {
-        return g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, error);
-    });
+    // Looked at before it is opened: a pipe that nobody writes would keep us waiting.
+    struct stat status = {};
+    const bool found = stat(path.c_str(), &status) == 0;
+    std::ifstream file;
+    if (found && S_ISREG(status.st_mode))
+        file.open(path);
+    if (!file.is_open())
+        throw std::runtime_error("scenario " + path + ": " +
+                                 (found && !S_ISREG(status.st_mode) ? "not a regular file" : std::strerror(errno)));
+    std::ostringstream text;
+    text << file.rdbuf();
+    return ReadText(path, text.str());
 }
 
-Scenario BuiltInScenario()
-{
-    return ReadKeyFile("(built in)", [](GKeyFile* file, GError** error) {
-        return g_key_file_load_from_data(file, kBuiltIn, static_cast<gsize>(-1), G_KEY_FILE_NONE, error);
-    });
-}
+Scenario BuiltInScenario() { return ReadText("(built in)", kBuiltIn); }
 
 } // namespace host

@@ -69,10 +69,10 @@ public:
     {
         return Accept("IServiceNavigation::SetBootupService", serviceId, mode, reserved);
     }
-    int FindServices(const TCCriteriaHelper& criteria, std::list<TCServiceData*>& services, TSTvMode mode, int first,
-                     int count) override
+    int FindServices(const TCCriteriaHelper& criteria, std::list<TCServiceData*>& services, TSTvMode mode,
+                     int reserved1, int reserved2) override
     {
-        return m_tv.Call("IServiceNavigation::FindServices", With(criteria, mode, first, count), [&](Outputs&) {
+        return m_tv.Call("IServiceNavigation::FindServices", With(criteria, mode, reserved1, reserved2), [&](Outputs&) {
             for (const ScenarioService& candidate : m_tv.Tv().services) {
                 if (!Simulator::Matches(candidate, criteria))
                     continue;

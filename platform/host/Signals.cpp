@@ -136,7 +136,7 @@ void SignalHub::StartDispatcher()
     if (m_dispatcherStarted)
         return;
     std::thread([this] { Dispatch(); }).detach();
-    // Registered late, so it runs before the program's static objects are destroyed: what was raised is still told.
+    // What was raised is still told when the program ends, as far as that does not take long.
     std::atexit([] { Instance().WaitUntilDispatched(); });
     m_dispatcherStarted = true;
 }

@@ -71,6 +71,7 @@ bool Simulator::Matches(const ScenarioService& service, const TCCriteriaHelper& 
 
 void Simulator::Fetch(const ScenarioService& service, const TCCriteriaHelper& criteria, TCServiceData& data)
 {
+    data = TCServiceData();
     for (const auto& step : criteria.GetSteps()) {
         const auto found =
             step.kind == TCCriteriaHelper::Step::FETCH ? service.tags.find(step.field) : service.tags.end();

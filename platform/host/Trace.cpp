@@ -1,7 +1,8 @@
 #include "Trace.h"
 
+#include "Environment.h"
+
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <stdexcept>
@@ -42,32 +43,22 @@ std::string ShowStep(const TCCriteriaHelper::Step& step)
     return "fetch " + field;
 }
 
-// Everything but printable ASCII stands as an escape.
-std::string Escape(std::string_view text)
-{
-    std::string escaped;
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (character == '"' || character == '\\') {
-            (escaped += '\\') += character;
-        } else if (character == '\n') {
-            escaped += "\\n";
-        } else if (byte < 0x20 || byte > 0x7E) {
-            char code[5];
-            std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned>(byte));
-            escaped += code;
-        } else {
-            escaped += character;
-        }
-    }
-    return escaped;
-}
-
 } // namespace
 
 std::string Show(bool value) { return value ? "true" : "false"; }
 
-std::string Show(std::string_view text) { return '"' + Escape(text) + '"'; }
+std::string Show(std::string_view text)
+{
+    std::string quoted = "\"";
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (character == '"' || character == '\\')
+            (quoted += '\\') += character;
+        else
+            quoted += byte < 0x7F ? OneLine({character}) : HexEscape(byte);
+    }
+    return quoted + '"';
+}
 
 std::string Show(const TSTvMode& mode)
 {
@@ -89,19 +80,16 @@ std::string Show(const TServiceList& services)
 
 std::string Show(const std::vector<int>& ids) { return ShowAll(ids, ", ", "[]", Show<int>); }
 
-std::string OneLine(std::string text)
-{
-    for (std::size_t end = 0; (end = text.find('\n', end)) != std::string::npos; end += 2)
-        text.replace(end, 1, "\\n");
-    return text;
-}
-
 void Trace::Open(const std::string& path)
 {
-    m_descriptor =
-        path == "-" ? STDERR_FILENO : open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666);
+    // A pipe that nobody reads is refused, not waited for.
+    m_descriptor = path == "-"
+                       ? STDERR_FILENO
+                       : open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666);
     if (m_descriptor < 0)
         throw std::runtime_error("trace " + path + ": " + std::strerror(errno));
+    if (m_descriptor != STDERR_FILENO)
+        fcntl(m_descriptor, F_SETFL, O_APPEND);
 }
 
 void Trace::Write(std::string line)

@@ -37,9 +37,6 @@ std::string Show(Number value)
     return std::to_string(+value);
 }
 
-/// The text as it is, but for its line ends.
-std::string OneLine(std::string text);
-
 class Trace
 {
 public:

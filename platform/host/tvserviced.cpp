@@ -2,14 +2,17 @@
 #include "DebugPrintService.h"
 #include "Environment.h"
 
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
+#include <stdexcept>
 #include <string>
 
 int main()
 {
     host::KeepStandardDescriptors();
+    std::signal(SIGPIPE, SIG_IGN); // whoever reads our one line may go
     const auto setting = host::Setting("TVS_BUS");
     if (!setting) {
         host::Complain("tvserviced: TVS_BUS is not set: give session, system or a D-Bus address");
@@ -17,7 +20,10 @@ int main()
     }
     try {
         const host::Bus bus = host::OpenServiceBus(*setting);
-        host::Checked(sd_bus_request_name(bus.get(), host::kServiceBusName, 0));
+        const int owned = sd_bus_request_name(bus.get(), host::kServiceBusName, 0);
+        if (owned == -EEXIST)
+            throw std::runtime_error(std::string(host::kServiceBusName) + " has an owner already");
+        host::Checked(owned);
         std::printf("tvserviced: serving %s on %s\n", host::kServiceBusName, setting->c_str());
         std::fflush(stdout);
         host::DebugPrintService().Serve(bus.get());

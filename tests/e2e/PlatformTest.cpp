@@ -24,7 +24,12 @@ TEST(Platform, RefusesAScenarioThatCannotBeUsed)
         {"[latest]\nrf_air=-1\n", ": [latest] rf_air: not a number of 64 bits\n"},
         {"[service 1]\nname=1\n", ": [service 1] name: unknown key\n"},
         {"[service 1]\n13=9999999999\n", ": [service 1] 13: not a number of 32 bits\n"},
-        {"[service 1]\ntitle=\xFF\n", ": [service 1] title: not a text in UTF-8\n"},
+        {"[service 1]\ntitle=\xFF\n", ": [service 1] title: not a text in UTF-8, or a wrong escape\n"},
+        {"[service 1]\ntitle=A\\qB\n", ": [service 1] title: not a text in UTF-8, or a wrong escape\n"},
+        {"[service 1]\ntitle[de]=A\n", ": [service 1] title[de]: unknown key\n"},
+        {"[service 1]\n01=1\n", ": [service 1] 01: unknown key\n"},
+        {"[service 1]\n1=1\n 1 = 2\n", ": [service 1] 1: stands twice\n"},
+        {"[service 1]\n[service 2]\n[service 1]\n", ": [service 1]: stands twice\n"},
         {"[result]\nISourceControl::Fly=1\n", ": [result] ISourceControl::Fly: unknown operation\n"},
         {"[result]\nISourceControl::SetSource=1 object\n",
          ": [result] ISourceControl::SetSource: only a factory makes an object\n"},
@@ -44,7 +49,8 @@ TEST(Platform, RefusesAScenarioThatCannotBeUsed)
 TEST(Platform, RefusesPathsThatCannotBeUsed)
 {
     for (const auto& [name, path] : {std::pair("TVS_SCENARIO", "/nowhere/s"), std::pair("TVS_SCENARIO", "/tmp"),
-                                     std::pair("TVS_TRACE", "/nowhere/t"), std::pair("TVS_TRACE", "/tmp")}) {
+                                     std::pair("TVS_TRACE", "/nowhere/t"), std::pair("TVS_TRACE", "/tmp"),
+                                     std::pair("TVS_SCENARIO", "/dev/stdin")}) {
         const Outcome outcome = RunTool("99\n", "", {{name, path}});
         EXPECT_EQ(outcome.status, 2) << name << path;
         EXPECT_EQ(outcome.out, "") << name << path;
@@ -57,7 +63,7 @@ TEST(Platform, PlaysWhatTheScenarioSays)
 {
     const Outcome outcome =
         RunTool("5 15 99 99", "# a comment\n[tv]\npid_set_status=true\n[service a]\n12=18446744073709551615\n13=\n"
-                              "[result]\nTVServiceAPI::CreateAVControl = -2 object \n[throw]\n");
+                              "[result]\nTVServiceAPI::CreateAVControl = -2\tobject \n[throw]\n");
     EXPECT_NE(outcome.out.find("*****GetPIDSetStatus[1]*****\n"), std::string::npos);
     EXPECT_EQ(outcome.err, "");
 }

@@ -151,6 +151,13 @@ TEST(RemoteMenu, RefusesRepliesThatLie)
         {"an array on top", then([](auto* m) { return sd_bus_message_append(m, "v", "ay", 1, 'a'); })},
         {"not an array", then([](auto* m) { return sd_bus_message_append(m, "v", "a(nv)", 2, 0, "u", 3, 1, "u", 3); })},
         {"tag", then([](auto* m) { return sd_bus_message_append(m, "v", "a(nv)", 2, 0, "u", 1, 7, "ay", 1, 'a'); })},
+        {"more than anybody sends",
+         [](auto* m) {
+             int appended = 0;
+             for (int i = 0; i < 60'000 && appended >= 0; ++i)
+                 appended = sd_bus_message_append(m, "v", "y", 1);
+             return appended;
+         }},
         {"nested", then([](auto* m) { return AppendNested(m, 18); })},
         {"nested deeper than a bus allows", then([](auto* m) { return AppendNested(m, 33); })},
     };

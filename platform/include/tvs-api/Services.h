@@ -36,10 +36,10 @@ public:
                            const std::string& options) = 0;
     /// The service to show after power-on; the mode is read, -1 for the current one. The number is reserved, 0.
     virtual int SetBootupService(const unsigned long long& serviceId, TSTvMode* mode, int reserved) = 0;
-    /// Appends a record for each match, in list order; the caller deletes them. From `first`, at most `count`
-    /// (0 and 0: all).
+    /// Appends a record for each match, in list order; the caller deletes them. The two numbers are
+    /// reserved, 0.
     virtual int FindServices(const TCCriteriaHelper& criteria, std::list<TCServiceData*>& services, TSTvMode mode,
-                             int first, int count) = 0;
+                             int reserved1, int reserved2) = 0;
     /// Writes the service last shown in that mode; leaves the variable alone if there is none.
     virtual int GetLatestRFServiceId(unsigned long long& serviceId, TSTvMode mode) = 0;
     virtual int GetLatestVelunaServiceId(unsigned long long& serviceId, TSTvMode mode) = 0;
