@@ -49,7 +49,7 @@ install_packages() {
 
 # build PRESET FOLDER [CMake options] -- TARGET...: brings the targets up to date.
 build() {
-    local preset=$1 folder=$root/$2 options=() lock
+    local preset=$1 name=$2 folder=$root/$2 options=() lock
     shift 2
     while [ "$1" != -- ]; do
         options+=("$1")
@@ -60,7 +60,7 @@ build() {
     exec {lock}>"$folder/.lock" || fail "cannot write $folder/.lock"
     flock "$lock" # two builds of one folder at a time would spoil it
     if [ ${#options[@]} -gt 0 ] || [ ! -e "$folder/build.ninja" ]; then
-        [ -e "$folder/build.ninja" ] || echo "${0##*/}: building in $2" >&2
+        [ -e "$folder/build.ninja" ] || echo "${0##*/}: building in $name" >&2
         quietly "configuring the build" cmake -S "$root" -B "$folder" --preset "$preset" "${options[@]}"
     fi
     quietly "the build" cmake --build "$folder" --target "$@"
