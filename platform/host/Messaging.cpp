@@ -114,6 +114,7 @@ private:
     host::Bus m_bus;
 };
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes values
 TVServiceAPIConnection::TVServiceAPIConnection(std::string, std::string objectPath, bool)
 {
     host::Host::Instance(); // settings that cannot be used are reported before the first prompt

@@ -312,7 +312,7 @@ void RefuseRepetitions(const std::string& path, const std::string& text)
             keys.clear();
         }
         if (!(isGroup ? groups : keys).insert(name).second)
-            throw std::runtime_error("scenario " + path + ": [" + group + "]" + (isGroup ? "" : " " + name) +
+            throw std::runtime_error("scenario " + path + ": [" + group + (isGroup ? "]" : "] " + name) +
                                      ": stands twice");
     }
 }

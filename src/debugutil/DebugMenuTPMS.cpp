@@ -115,7 +115,7 @@ private:
 
 } // namespace
 
-TCDebugMenuTPMS::TCDebugMenuTPMS() : m_signalSubscriber(nullptr) {}
+TCDebugMenuTPMS::TCDebugMenuTPMS() = default;
 
 void TCDebugMenuTPMS::Enter()
 {

@@ -105,5 +105,5 @@ private:
     void m_CheckTunerSignalState();
     void m_PrintLatestServices();
 
-    ISignalSubscriber* m_signalSubscriber; // the TV service's; null without one, valid while Enter runs
+    ISignalSubscriber* m_signalSubscriber = nullptr; // the TV service's; null without one, valid while Enter runs
 };
