@@ -10,8 +10,8 @@ namespace
 
 constexpr std::int32_t kExit = 99;
 constexpr const char* kLongStars = "**********************\n";
-constexpr const char* kSource = "Input ? >";
-constexpr const char* kOnOff = "Input (0:off, 1:on) ? >";
+constexpr const char* kInputPrompt = "Input ? >";
+constexpr const char* kOnOffPrompt = "Input (0:off, 1:on) ? >";
 
 constexpr ESignalType kMonitoredSignals[] = {SIGNAL_TUNE_START,     SIGNAL_TUNE_SUCCESS, SIGNAL_TUNER_LOCK_FAIL,
                                              SIGNAL_SERVICE_LOCKED, SIGNAL_TUNE_STOP,    SIGNAL_RESOLUTION_CHANGED};
@@ -23,10 +23,15 @@ TCSession<ISourceControl> CreateSourceControl(EProfile profile, int screenId)
                          profile, screenId);
 }
 
-std::optional<std::int32_t> AskSubId()
+// Asks for the SubID and makes the source control of that screen.
+TCSession<ISourceControl> CreateSourceControlOfTypedSubId(std::int32_t& subId)
 {
     console::Write(std::string(kLongStars) + "*****Select SubID*****\n" + kLongStars);
-    return console::AskNumber(kSource);
+    const auto typed = console::AskNumber(kInputPrompt);
+    if (!typed)
+        return {};
+    subId = *typed;
+    return CreateSourceControl(PROFILE_MAIN, subId);
 }
 
 // What stands on the screen once the SubID is known, around further lines.
@@ -52,7 +57,7 @@ std::optional<ESource> AskSource(const std::string& before = "")
                             "17.         HDMI5 \n"
                             "18.         HDMI6 \n"
                             "***************\n");
-    const auto source = console::AskNumber(kSource);
+    const auto source = console::AskNumber(kInputPrompt);
     if (!source)
         return std::nullopt;
     console::WriteLine("User Input SourceType = " + std::to_string(*source));
@@ -109,33 +114,29 @@ void UnsubscribeMonitor()
 
 void SetSource()
 {
-    const auto subId = AskSubId();
-    if (!subId)
-        return;
-    const auto control = CreateSourceControl(PROFILE_MAIN, *subId);
+    std::int32_t subId = 0;
+    const auto control = CreateSourceControlOfTypedSubId(subId);
     if (!control)
         return;
-    if (const auto source = AskSource(SubIdBlock(*subId)))
+    if (const auto source = AskSource(SubIdBlock(subId)))
         control->SetSource(*source, "");
 }
 
 void GetSource()
 {
-    const auto subId = AskSubId();
-    if (!subId)
-        return;
-    const auto control = CreateSourceControl(PROFILE_MAIN, *subId);
+    std::int32_t subId = 0;
+    const auto control = CreateSourceControlOfTypedSubId(subId);
     if (!control)
         return;
     ESource source = SOURCE_TV;
     control->GetSource(source);
-    console::Write(SubIdBlock(*subId, "*****Source[" + std::to_string(source) + "]*****\n"));
+    console::Write(SubIdBlock(subId, "*****Source[" + std::to_string(source) + "]*****\n"));
 }
 
 void SetAnalogCleanView()
 {
     console::WriteLine("*****Analog clean view on off?");
-    const auto on = console::AskNumber(kOnOff);
+    const auto on = console::AskNumber(kOnOffPrompt);
     if (!on)
         return;
     if (const auto control = CreateSession("[DebugUtil] TVServiceAPI::CreateAVControl fail",
@@ -154,7 +155,7 @@ template <int (ISourceControl::*Operation)(ESource)> void MonitorSource()
 
 void SetSoundOnVideoCall()
 {
-    const auto on = console::AskNumber(kSource);
+    const auto on = console::AskNumber(kInputPrompt);
     if (!on)
         return;
     console::WriteLine("User Input OnOff = " + std::to_string(*on));
