@@ -43,7 +43,7 @@ install_packages() {
         as_root=(sudo -n)
     fi
     quietly "'apt-get update' (is there a network?)" "${as_root[@]}" apt-get update
-    quietly "'apt-get install ${missing[*]}'" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    quietly "'apt-get install ${missing[*]}' (is there a network?)" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
