@@ -78,11 +78,6 @@ private:
     std::size_t m_next = 0;
 };
 
-struct DebugPrintService::Method {
-    const char* name;
-    Values (DebugPrintService::*run)(RequestReader&);
-};
-
 DebugPrintService::DebugPrintService()
     : m_items{{"Tuner", false, 1}, {"Source", false, 2},       {"Video", false, 3},
               {"Audio", false, 4}, {"Service list", false, 5}, {"Programme guide", false, 6}}
@@ -91,17 +86,12 @@ DebugPrintService::DebugPrintService()
 
 void DebugPrintService::Serve(sd_bus* bus)
 {
-    const auto method = [](const char* name) -> sd_bus_vtable {
-        return SD_BUS_METHOD(name, "nav", "av", OnCall, SD_BUS_VTABLE_UNPRIVILEGED);
-    };
-    const sd_bus_vtable table[] = {
-        SD_BUS_VTABLE_START(0),  method("Start"),        method("Execute"),      method("Stop"),
-        method("Check"),         method("GetMenuItems"), method("SetMenuItems"), method("SetMenuItem"),
-        method("SetQoSEnabled"), method("IsQoSEnabled"), method("SetDebugMode"), method("IsDebugModeEnabled"),
-        SD_BUS_VTABLE_END,
-    };
+    std::vector<sd_bus_vtable> table = {SD_BUS_VTABLE_START(0)};
+    for (const Method& method : Methods())
+        table.push_back(SD_BUS_METHOD(method.name, "nav", "av", OnCall, SD_BUS_VTABLE_UNPRIVILEGED));
+    table.push_back(SD_BUS_VTABLE_END);
     sd_bus_slot* added = nullptr;
-    Checked(sd_bus_add_object_vtable(bus, &added, kServiceObjectPath, kDebugPrintInterface, table, this));
+    Checked(sd_bus_add_object_vtable(bus, &added, kServiceObjectPath, kDebugPrintInterface, table.data(), this));
     // The table lives as long as the slot.
     const std::unique_ptr<sd_bus_slot, sd_bus_slot* (*)(sd_bus_slot*)> slot(added, sd_bus_slot_unref);
     while (sd_bus_is_open(bus) > 0) {
@@ -111,10 +101,10 @@ void DebugPrintService::Serve(sd_bus* bus)
     }
 }
 
-int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_error* error)
+const DebugPrintService::MethodTable& DebugPrintService::Methods()
 {
-    // A method's number is its place here.
-    static constexpr Method methods[] = {
+    // Not made and not destroyed: the embedded service runs before main and while the process ends.
+    static constexpr MethodTable methods = {{
         {"Start", &DebugPrintService::Start},
         {"Execute", &DebugPrintService::Execute},
         {"Stop", &DebugPrintService::Stop},
@@ -126,17 +116,22 @@ int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_err
         {"IsQoSEnabled", &DebugPrintService::IsQoSEnabled},
         {"SetDebugMode", &DebugPrintService::SetDebugMode},
         {"IsDebugModeEnabled", &DebugPrintService::IsDebugModeEnabled},
-    };
+    }};
+    return methods;
+}
+
+int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_error* error)
+{
     try {
         std::int16_t number = -1;
         Checked(sd_bus_message_read_basic(message, 'n', &number));
         const char* member = sd_bus_message_get_member(message);
-        if (number < 0 || static_cast<std::size_t>(number) >= std::size(methods) ||
-            std::strcmp(methods[number].name, member) != 0)
+        const auto index = static_cast<std::size_t>(number); // too large if it is negative
+        if (index >= Methods().size() || std::strcmp(Methods()[index].name, member) != 0)
             throw std::invalid_argument("the number is not the method's");
         const Values values = ReadValues(message);
         RequestReader request(values);
-        const auto run = methods[number].run;
+        const auto run = Methods()[index].run;
         const Values answer = (static_cast<DebugPrintService*>(service)->*run)(request);
 
         sd_bus_message* made = nullptr;

@@ -4,6 +4,7 @@
 
 #include "ServiceBus.h"
 
+#include <array>
 #include <cstdint>
 #include <set>
 #include <string>
@@ -29,8 +30,14 @@ private:
         std::uint32_t id;
     };
     using Values = std::vector<TCTreeNode>;
-    struct Method;
+    struct Method {
+        const char* name;
+        Values (DebugPrintService::*run)(RequestReader&);
+    };
 
+    using MethodTable = std::array<Method, 11>;
+    /// A method's number is its place.
+    static const MethodTable& Methods();
     static int OnCall(sd_bus_message* message, void* service, sd_bus_error* error);
 
     Values Start(RequestReader& request);

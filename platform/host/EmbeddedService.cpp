@@ -12,17 +12,32 @@ namespace host
 namespace
 {
 
-// A bus on the socket, which it owns from here on.
-Bus MakeBus(int socket)
+class Socket
 {
-    sd_bus* made = nullptr;
-    const int result = sd_bus_new(&made);
-    Bus bus(made);
-    if (result < 0 || sd_bus_set_fd(made, socket, socket) < 0)
-        close(socket);
-    Checked(result);
-    return bus;
-}
+public:
+    explicit Socket(int descriptor) : m_descriptor(descriptor) {}
+    ~Socket()
+    {
+        if (m_descriptor >= 0)
+            close(m_descriptor);
+    }
+    Socket(const Socket&) = delete;
+    Socket& operator=(const Socket&) = delete;
+
+    /// A bus that owns the descriptor from here on.
+    Bus MakeBus()
+    {
+        sd_bus* made = nullptr;
+        Checked(sd_bus_new(&made));
+        Bus bus(made);
+        Checked(sd_bus_set_fd(made, m_descriptor, m_descriptor));
+        m_descriptor = -1;
+        return bus;
+    }
+
+private:
+    int m_descriptor;
+};
 
 } // namespace
 
@@ -31,11 +46,13 @@ EmbeddedService::~EmbeddedService() { Join(); }
 Bus EmbeddedService::Connect()
 {
     Join();
-    int sockets[2];
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, sockets) != 0)
+    int ends[2];
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends) != 0)
         Checked(-errno);
-    Bus client = MakeBus(sockets[0]);
-    Bus server = MakeBus(sockets[1]);
+    Socket clientEnd(ends[0]);
+    Socket serverEnd(ends[1]);
+    Bus client = clientEnd.MakeBus();
+    Bus server = serverEnd.MakeBus();
     sd_id128_t id;
     Checked(sd_id128_randomize(&id));
     Checked(sd_bus_set_server(server.get(), 1, id));

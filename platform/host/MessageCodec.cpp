@@ -10,8 +10,8 @@ namespace
 {
 
 constexpr const char* kBranch = "a(nv)";
-constexpr int kDeepest = 16;       // honest trees have three levels
-constexpr int kMostNodes = 50'000; // and a menu of ten thousand items has fewer
+constexpr int kDeepest = 16;        // honest trees have three levels
+constexpr int kMostNodes = 100'000; // a menu of ten thousand items has 60 thousand
 
 void AppendVariant(sd_bus_message* message, const TCTreeNode& node);
 

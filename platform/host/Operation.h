@@ -59,7 +59,7 @@ auto Operation(const char* name, const std::tuple<Arguments...>& arguments, Work
         host.trace.Write(name + ('(' + shown) + ')' + outcome);
     };
 
-    static const Fault none;
+    static const Fault& none = *new Fault; // never destroyed, as the host itself
     const auto found = host.scenario.faults.find(name);
     const Fault& fault = found == host.scenario.faults.end() ? none : found->second;
     if (fault.thrown) {

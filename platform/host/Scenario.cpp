@@ -19,8 +19,6 @@ namespace host
 namespace
 {
 
-constexpr int kServiceIdTag = 12;
-
 // Six services over air, cable and satellite, one of them a VC channel (type 9) and one without a programme.
 constexpr const char* kBuiltIn = R"([vconf]
 db/tv-viewer/window_id=77
@@ -208,17 +206,18 @@ private:
             Fail(key, "unknown key");
         std::optional<std::uint64_t> value;
         if (!Raw(key).empty())
-            value = *tag == kServiceIdTag ? Number<std::uint64_t>(key) : TagValue(key);
+            value = *tag == kServiceIdField ? Number<std::uint64_t>(key) : TagValue(key);
         service.tags[*tag] = value;
     }
 
     // Fields other than the service id are 32 bits wide, and some of them are counts without a sign.
     std::uint64_t TagValue(const std::string& key)
     {
-        const auto value = Number<std::int64_t>(key);
-        if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::uint32_t>::max())
+        const auto value = ParseNumber<std::int64_t>(Raw(key));
+        if (!value || *value < std::numeric_limits<std::int32_t>::min() ||
+            *value > std::numeric_limits<std::uint32_t>::max())
             Fail(key, "not a number of 32 bits");
-        return static_cast<std::uint32_t>(value);
+        return static_cast<std::uint32_t>(*value);
     }
 
     void ReadResult(const std::string& key)

@@ -10,6 +10,9 @@
 namespace host
 {
 
+/// The one field of a service that has 64 bits.
+constexpr int kServiceIdField = 12;
+
 /// A service of the database. A tag without a value is a field without data.
 struct ScenarioService {
     std::map<int, std::optional<std::uint64_t>> tags;

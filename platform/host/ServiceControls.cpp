@@ -119,9 +119,9 @@ public:
             if (service == nullptr || !service->title)
                 return 0;
             glong length = 0;
-            gunichar2* title = g_utf8_to_utf16(service->title->c_str(), -1, nullptr, &length, nullptr);
-            program.SetTitle({title, title + length});
-            g_free(title);
+            const std::unique_ptr<gunichar2, decltype(&g_free)> title(
+                g_utf8_to_utf16(service->title->c_str(), -1, nullptr, &length, nullptr), g_free);
+            program.SetTitle({title.get(), title.get() + length});
             return 1;
         });
     }

@@ -9,8 +9,6 @@ namespace host
 namespace
 {
 
-constexpr int kServiceIdField = 12;
-
 bool Has(const ScenarioService& service, int field, int value)
 {
     const auto found = service.tags.find(field);

@@ -31,7 +31,7 @@ public:
         g_source_set_priority(source, G_PRIORITY_DEFAULT);
         g_source_set_callback(source, Quit, m_loop.get(), nullptr);
         g_source_attach(source, nullptr);
-        g_main_loop_quit(m_loop.get());
+        g_main_loop_quit(m_loop.get()); // for a loop that waits for a context that somebody else holds
         m_thread.join();
         g_source_destroy(source);
         g_source_unref(source);
@@ -75,7 +75,7 @@ int TVSSignalCallback(ESignalType type, EProfile profile, unsigned short screenI
     case SIGNAL_TUNE_AROUND_SERVICE_DONE:
         line("SIGNAL_TUNE_AROUND_SERVICE_DONE", ", serviceId: " + std::to_string(ReadNumber<std::uint64_t>(data, 0)));
         break;
-    case SIGNAL_TUNE_AROUND_FINISHED:
+    case SIGNAL_TUNE_AROUND_FINISHED: // 0 is a good end here; below it is a failure
         line("SIGNAL_TUNE_AROUND_FINISHED",
              std::string(", completed: ") + (ReadNumber<std::uint16_t>(data, 0) == 0 ? "true" : "false"));
         break;
@@ -136,7 +136,7 @@ void TCDebugMenuTPMS::m_RunMainMenu()
         const int number = m_StrToInt(word, &isNumber);
         if (!isNumber)
             continue;
-        if (number == tpms::kExit)
+        if (number == kMenuExit)
             return;
         if (const auto* row = FindRow(m_MainMenu(), number))
             row->run(*this);

@@ -4,6 +4,7 @@
 #include "debugutil/Menu.h"
 #include "tvs-api/TVServiceAPI.h"
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 
@@ -35,6 +36,11 @@ private:
     int m_StrToInt(const std::string& text, bool* ok);
     /// Prompts and reads one number; -1 when nothing valid was read. What has ended is not asked again.
     int m_SelectCmd(const std::string& prompt);
+    /// Shows a menu and runs its rows with those arguments, until 99, the end of input, or an unknown number with which
+    /// `onUnknown` does not go on.
+    template <class Rows, class... Arguments>
+    void m_RunMenu(const std::function<void()>& print, const char* prompt, const Rows& rows,
+                   bool (*onUnknown)(int number), Arguments&&... arguments);
     void m_GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile);
 
     // Lookups. Without a service the id is INVALID_SERVICE_ID; "FindService failed" is printed without a line end.

@@ -58,14 +58,9 @@ void TCDebugMenuTPMS::m_Start_Test1_ReferenceCount()
         return;
     const auto control = CreateSession("CreateReferenceCount failed\n", TVServiceAPI::CreateReferenceCount,
                                        handle.profile, handle.screenId);
-    while (control && !console::InputEnded()) {
-        m_PrintMenu_Test1_ReferenceCount();
-        const int command = m_SelectCmd(tpms::kCommandPrompt);
-        if (command == tpms::kExit)
-            return;
-        if (const auto* row = FindRow(kReferenceCountMenu, command))
-            row->run(*control);
-    }
+    if (control)
+        m_RunMenu([this] { m_PrintMenu_Test1_ReferenceCount(); }, tpms::kCommandPrompt, kReferenceCountMenu,
+                  tpms::Ignore, *control);
 }
 
 void TCDebugMenuTPMS::m_PrintMenu_Test1_ReferenceCount()
@@ -89,7 +84,7 @@ void TCDebugMenuTPMS::m_Start_Test2_MuteControl()
         const int on = m_SelectCmd("Off:0 / On:1 "); // asked for every command, 99 included
         if (on == tpms::kNoAnswer)
             continue;
-        if (command == tpms::kExit)
+        if (command == kMenuExit)
             return;
         if (const auto* row = FindRow(kMuteMenu, command))
             row->run(*control, on);
@@ -113,7 +108,7 @@ void TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis()
         if (const auto* row = FindRow(kHDMIMenu, command))
             row->run(*control, source);
         else if (command != tpms::kNoAnswer || console::InputEnded())
-            return;
+            return; // any number without a row
     }
 }
 
@@ -125,14 +120,9 @@ void TCDebugMenuTPMS::m_PrintMenu_Test3_HDMIAnalysis()
 void TCDebugMenuTPMS::m_Start_Test6_SetDTVMode()
 {
     const auto navigation = tpms::CreateServiceNavigation();
-    while (navigation && !console::InputEnded()) {
-        m_PrintMenu_Test6_SetDTVMode();
-        const int command = m_SelectCmd(tpms::kCommandPrompt);
-        if (const auto* row = FindRow(kDTVModeMenu, command))
-            row->run(*navigation);
-        else if (command != tpms::kNoAnswer)
-            return;
-    }
+    if (navigation)
+        m_RunMenu([this] { m_PrintMenu_Test6_SetDTVMode(); }, tpms::kCommandPrompt, kDTVModeMenu, tpms::Leave,
+                  *navigation);
 }
 
 void TCDebugMenuTPMS::m_PrintMenu_Test6_SetDTVMode()

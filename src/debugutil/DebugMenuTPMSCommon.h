@@ -2,6 +2,7 @@
 #pragma once
 
 #include "debugutil/Console.h"
+#include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/Menu.h"
 #include "debugutil/Session.h"
 
@@ -10,7 +11,6 @@
 namespace tpms
 {
 
-constexpr int kExit = 99;
 constexpr int kNoAnswer = -1;    // what m_SelectCmd returns for anything but a number
 constexpr int kNoMajor = 0xFFFF; // the low 16 bits of that
 constexpr const char* kCommandPrompt = "cmd> ";
@@ -43,6 +43,25 @@ inline TCSession<IPipelineUtility> CreatePipelineUtility()
     return CreateSession("CreatePipelineUtility failed\n", TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
 }
 
+inline TCSession<IService> CreateService()
+{
+    return CreateSession("CreateService failed\n", TVServiceAPI::CreateService);
+}
+
+inline TCSession<IVideoControl> CreateVideoControl(EProfile profile)
+{
+    return CreateSession("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0);
+}
+
+/// What a menu does with a number that it does not have; the result says whether it goes on.
+inline bool Ignore(int /*number*/) { return true; }
+inline bool Leave(int /*number*/) { return false; }
+inline bool Refuse(int number)
+{
+    console::WriteLine("unsupported command: " + std::to_string(number));
+    return true;
+}
+
 /// Prints the result of an operation for which 1 is success.
 inline void ReportResult(const std::string& label, int result)
 {
@@ -53,3 +72,19 @@ inline void ReportResult(const std::string& label, int result)
 inline void ReportMajor(int major) { console::WriteLine(" for major=" + std::to_string(major)); }
 
 } // namespace tpms
+
+template <class Rows, class... Arguments>
+void TCDebugMenuTPMS::m_RunMenu(const std::function<void()>& print, const char* prompt, const Rows& rows,
+                                bool (*onUnknown)(int number), Arguments&&... arguments)
+{
+    while (!console::InputEnded()) {
+        print();
+        const int answer = m_SelectCmd(prompt);
+        if (answer == kMenuExit)
+            return;
+        if (const auto* row = FindRow(rows, answer))
+            row->run(arguments...);
+        else if (answer != tpms::kNoAnswer && !onUnknown(answer))
+            return;
+    }
+}

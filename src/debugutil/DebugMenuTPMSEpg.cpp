@@ -44,7 +44,7 @@ void ListPrograms(IServiceGuide& guide, IServiceNavigation& navigation)
         criteria.Fetch(field);
     tpms::TSServiceRecords records;
     navigation.FindServices(criteria, records.list, CurrentMode(), 0, 0);
-    std::uint16_t withTitle = 0;
+    std::uint16_t withTitle = 0; // 16 bits on the set, too: it wraps
     for (const TCServiceData* record : records.list) {
         unsigned int length = 0;
         if (!ReadTitle(guide, tpms::ReadServiceIdTag(*record), length))
@@ -114,16 +114,9 @@ bool TCDebugMenuTPMS::m_EpgDataFeeding()
     const auto navigation = tpms::CreateServiceNavigation();
     if (!navigation)
         return false;
-    while (!console::InputEnded()) {
-        tpms::PrintMenu("\t[Test18 List - Epg Data Feeding]\t\n", m_Menu_EpgDataFeeding());
-        const int answer = m_SelectCmd(tpms::kCommandPrompt);
-        if (answer == tpms::kExit)
-            return true;
-        if (const auto* row = FindRow(m_Menu_EpgDataFeeding(), answer))
-            row->run(*this, {*scan, *guide, *navigation});
-        else if (answer != tpms::kNoAnswer)
-            console::WriteLine("unsupported command: " + std::to_string(answer));
-    }
+    m_RunMenu([] { tpms::PrintMenu("\t[Test18 List - Epg Data Feeding]\t\n", m_Menu_EpgDataFeeding()); },
+              tpms::kCommandPrompt, m_Menu_EpgDataFeeding(), tpms::Refuse, *this,
+              TSEpgControls{*scan, *guide, *navigation});
     return true;
 }
 

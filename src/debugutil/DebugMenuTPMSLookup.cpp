@@ -14,8 +14,6 @@ namespace
 
 constexpr unsigned int kServiceOfTheList = 5;
 
-TCSession<IService> CreateService() { return CreateSession("CreateService failed\n", TVServiceAPI::CreateService); }
-
 void ReportMissingTag(int field)
 {
     constexpr const char* rule = "*************************** ASSERT TAG ***************************";
@@ -64,7 +62,7 @@ TCCriteriaHelper ChannelCriteria(EServiceProfile profile, unsigned short major)
 {
     TCCriteriaHelper criteria;
     criteria.Where(kServiceProfile, profile);
-    criteria.Where(23, 1);
+    criteria.Where(23, 1); // these two as the set asks for them; their meaning is the database's
     criteria.Where(25, 0);
     criteria.Where(kMajor, major);
     criteria.Fetch(kServiceId);

@@ -25,6 +25,7 @@ constexpr int kFrequency = 4;
 constexpr int kServiceId = 12;
 constexpr int kMajor = 13;
 constexpr int kMinor = 14;
+constexpr int kAntennaOfVC = 115; // of a VC service only
 constexpr int kChannelTypeVC = 9;
 
 /// The service id; INVALID_SERVICE_ID, and a report in the platform's log, when the record has none.

@@ -85,14 +85,9 @@ void WithdrawPending(IPipelineUtility& utility)
 void TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest()
 {
     const auto utility = tpms::CreatePipelineUtility();
-    while (utility && !console::InputEnded()) {
-        m_PrintMenu_Test13_PreparationLogicTest();
-        const int answer = m_SelectCmd(tpms::kCommandPrompt);
-        if (const auto* row = FindRow(kPreparationMenu, answer))
-            row->run(*utility);
-        else if (answer != tpms::kNoAnswer)
-            return;
-    }
+    if (utility)
+        m_RunMenu([this] { m_PrintMenu_Test13_PreparationLogicTest(); }, tpms::kCommandPrompt, kPreparationMenu,
+                  tpms::Leave, *utility);
 }
 
 void TCDebugMenuTPMS::m_PrintMenu_Test13_PreparationLogicTest()
@@ -140,14 +135,8 @@ void TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism()
     const auto utility = tpms::CreatePipelineUtility();
     if (!utility)
         return;
-    while (!console::InputEnded()) {
-        m_PrintMenu_Test18_SignalTunePreparationMechanism();
-        const int answer = m_SelectCmd(tpms::kCommandPrompt);
-        if (answer == tpms::kExit)
-            break;
-        if (const auto* row = FindRow(m_Menu_Test18_SignalTunePreparationMechanism(), answer))
-            row->run(*this, *utility);
-    }
+    m_RunMenu([this] { m_PrintMenu_Test18_SignalTunePreparationMechanism(); }, tpms::kCommandPrompt,
+              m_Menu_Test18_SignalTunePreparationMechanism(), tpms::Ignore, *this, *utility);
     WithdrawPending(*utility);
 }
 

@@ -1,7 +1,6 @@
 // Switching a pipeline to a source or a service.
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugMenuTPMSCommon.h"
-#include "vconf/vconf.h"
 
 namespace
 {
@@ -58,10 +57,10 @@ void TCDebugMenuTPMS::m_Start_Test7_SetSource()
     while (!console::InputEnded()) {
         m_PrintMenu_Test7_SetSource();
         const int answer = m_SelectCmd(kSelectPrompt);
-        if (answer == tpms::kExit || console::InputEnded())
+        if (answer == kMenuExit || console::InputEnded())
             return;
         const auto* row = FindRow(m_Menu_Test7_SetSource(), answer);
-        if (row == nullptr)
+        if (row == nullptr) // anything else is the first
             row = &m_Menu_Test7_SetSource().front();
         row->run(*this);
     }
@@ -86,6 +85,7 @@ void TCDebugMenuTPMS::m_SetServiceOnPipeline(EProfile profile)
     m_BindWindow(profile);
 }
 
+// The clone has no pipeline of its own: it is reached through the main one.
 void TCDebugMenuTPMS::m_SetSourceOnClone()
 {
     const auto control = tpms::CreateSourceControl();
@@ -99,9 +99,9 @@ void TCDebugMenuTPMS::m_SetSourceOnClone()
 void TCDebugMenuTPMS::m_BindWindow(EProfile profile)
 {
     int windowId = 0;
-    if (vconf_get_int("db/tv-viewer/window_id", &windowId) != 0)
+    if (m_GetVconfInt("db/tv-viewer/window_id", &windowId) != 0)
         return;
-    if (const auto video = CreateSession("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0))
+    if (const auto video = tpms::CreateVideoControl(profile))
         video->SetWindowId(windowId);
 }
 
@@ -118,14 +118,8 @@ const TCDebugMenuTPMS::TRows& TCDebugMenuTPMS::m_Menu_Test17_SetPrevieSource()
 
 void TCDebugMenuTPMS::m_Start_Test17_SetPrevieSource()
 {
-    while (!console::InputEnded()) {
-        m_PrintMenu_Test17_SetPrevieSource();
-        const int answer = m_SelectCmd(kSelectPrompt);
-        if (answer == tpms::kExit)
-            return;
-        if (const auto* row = FindRow(m_Menu_Test17_SetPrevieSource(), answer))
-            row->run(*this);
-    }
+    m_RunMenu([this] { m_PrintMenu_Test17_SetPrevieSource(); }, kSelectPrompt, m_Menu_Test17_SetPrevieSource(),
+              tpms::Ignore, *this);
 }
 
 void TCDebugMenuTPMS::m_PrintMenu_Test17_SetPrevieSource()
@@ -172,16 +166,8 @@ bool TCDebugMenuTPMS::m_InvalidServiceTest()
     control = tpms::CreateSourceControl();
     if (!control)
         return false;
-    while (!console::InputEnded()) {
-        tpms::PrintMenu("\t[Test20 List - InvalidServiceTest]\t\n", kInvalidServiceMenu);
-        const int answer = m_SelectCmd(tpms::kCommandPrompt);
-        if (answer == tpms::kExit)
-            return true;
-        if (const auto* row = FindRow(kInvalidServiceMenu, answer))
-            row->run(*navigation, *control);
-        else if (answer != tpms::kNoAnswer)
-            console::WriteLine("unsupported command: " + std::to_string(answer));
-    }
+    m_RunMenu([] { tpms::PrintMenu("\t[Test20 List - InvalidServiceTest]\t\n", kInvalidServiceMenu); },
+              tpms::kCommandPrompt, kInvalidServiceMenu, tpms::Refuse, *navigation, *control);
     return true;
 }
 

@@ -3,13 +3,6 @@
 #include "debugutil/DebugMenuTPMSCommon.h"
 #include "debugutil/DebugMenuTPMSLookup.h"
 
-namespace
-{
-
-constexpr int kAntennaOfVC = 115; // field of a VC service that holds its antenna mode
-
-} // namespace
-
 const TCDebugMenuTPMS::TTvModeRows& TCDebugMenuTPMS::m_Menu_Test14_SetTvModeTest()
 {
     const auto switchTo = [](EAntennaMode antenna, bool vc) {
@@ -42,7 +35,7 @@ void TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest()
             continue;
         const auto* row = FindRow(m_Menu_Test14_SetTvModeTest(), answer);
         if (row == nullptr)
-            return;
+            return; // any number without a row
         row->run(*this, major);
     }
 }
@@ -59,7 +52,7 @@ void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short ma
     const auto navigation = tpms::CreateServiceNavigation();
     if (!navigation)
         return;
-    const auto service = CreateSession("CreateService failed\n", TVServiceAPI::CreateService);
+    const auto service = tpms::CreateService();
     if (!service)
         return;
     TSTvMode mode(ANTENNA_MODE_UNKNOWN, SERVICE_MODE_UNKNOWN);
@@ -71,7 +64,7 @@ void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short ma
     TCCriteriaHelper criteria = tpms::ChannelCriteria(profile, major);
     if (vc) {
         criteria.Where(tpms::kChannelType, tpms::kChannelTypeVC);
-        criteria.Where(kAntennaOfVC, antenna);
+        criteria.Where(tpms::kAntennaOfVC, antenna);
     } else {
         criteria.Where(tpms::kChannelType, TCServiceUtility::AntennaModeToDigitalChannelType(antenna));
     }
@@ -82,8 +75,7 @@ void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short ma
 
 void TCDebugMenuTPMS::m_Start_Test15_SetCropVideoTest()
 {
-    if (const auto video =
-            CreateSession("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, PROFILE_CROP, 0))
+    if (const auto video = tpms::CreateVideoControl(PROFILE_CROP))
         video->SetCropVideo({540, 380, 100, 100}, {1520, 680, 400, 400});
 }
 

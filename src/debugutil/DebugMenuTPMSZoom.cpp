@@ -118,16 +118,13 @@ void TCDebugMenuTPMS::m_ZoomControlTest()
 {
     const auto zoom =
         CreateSession("ZoomControl interface creation failed!\n", TVServiceAPI::CreateZoomControl, PROFILE_MAIN, 0);
-    while (zoom && !console::InputEnded()) {
-        m_PrintMenu_ZoomControlTest();
-        const int answer = m_SelectCmd(tpms::kCommandPrompt);
-        if (answer == tpms::kExit)
-            return;
-        if (const auto* row = FindRow(m_Menu_ZoomControlTest(), answer))
-            row->run(*this, *zoom);
-        else if (answer != tpms::kNoAnswer)
-            console::WriteLine("Unsupported command!");
-    }
+    const auto refuse = [](int) {
+        console::WriteLine("Unsupported command!");
+        return true;
+    };
+    if (zoom)
+        m_RunMenu([this] { m_PrintMenu_ZoomControlTest(); }, tpms::kCommandPrompt, m_Menu_ZoomControlTest(), refuse,
+                  *this, *zoom);
 }
 
 void TCDebugMenuTPMS::m_PrintMenu_ZoomControlTest()

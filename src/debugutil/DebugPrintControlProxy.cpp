@@ -1,6 +1,7 @@
 #include "debugutil/DebugPrintControlProxy.h"
 
 #include "debugutil/Console.h"
+#include "tvs-api-internal/Diagnostics.h"
 
 #include <new>
 

@@ -8,7 +8,6 @@
 namespace
 {
 
-constexpr std::int32_t kExit = 99;
 constexpr const char* kLongStars = "**********************\n";
 constexpr const char* kInputPrompt = "Input ? >";
 constexpr const char* kOnOffPrompt = "Input (0:off, 1:on) ? >";
@@ -208,7 +207,7 @@ bool TCDebugUtil::TVSDebugFunction()
         if (!TCDebugMenuUtility::IsNumber(word))
             continue;
         const std::int32_t number = console::ToNumber(word);
-        if (number == kExit)
+        if (number == kMenuExit)
             return true;
         if (const auto* command = FindRow(kCommands, number))
             command->run();

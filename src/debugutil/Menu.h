@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+/// What leaves every menu.
+constexpr int kMenuExit = 99;
+
 /// One line of a menu; a line that runs nothing only divides or heads others.
 template <class... Arguments> struct TSMenuRow {
     int number;
@@ -30,7 +33,7 @@ template <class Rows> std::string FrameMenu(const TSMenuFrame& frame, const char
         text += frame.thin;
     for (const auto& row : rows)
         text += row.line;
-    return text + frame.thin + " 99 : Exit\n" + frame.thick;
+    return text + frame.thin + " 99 : Exit\n" + frame.thick; // kMenuExit
 }
 
 /// The row that runs something for that number, or null.

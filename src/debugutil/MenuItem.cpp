@@ -1,5 +1,7 @@
 #include "debugutil/MenuItem.h"
 
+#include "tvs-api-internal/Diagnostics.h"
+
 template class TCMarshalableOneDimensionContainer<std::vector<TSMenuItem>, TSMenuItem>;
 
 namespace
@@ -63,7 +65,7 @@ bool TCMarshalableString::TreeToClass(TCTreeBranch& branch)
     std::uint32_t length = 0;
     formatter.PushValue(0, 4, &length);
     if (length == 0) {
-        m_data->reserve(1);
+        m_data->reserve(1); // its room may change, its text must not
         return formatter.FillOut();
     }
     // A length that lies must neither take memory nor touch the string.

@@ -1,7 +1,6 @@
 // What crosses the remote debug menu interface and is more than a plain number.
 #pragma once
 
-#include "tvs-api-internal/Diagnostics.h"
 #include "tvs-api-internal/Tree.h"
 
 #include <cstddef>

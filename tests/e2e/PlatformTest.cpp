@@ -23,6 +23,7 @@ TEST(Platform, RefusesAScenarioThatCannotBeUsed)
         {"[latest]\nrf_cable=18446744073709551616\n", ": [latest] rf_cable: not a number of 64 bits\n"},
         {"[latest]\nrf_air=-1\n", ": [latest] rf_air: not a number of 64 bits\n"},
         {"[service 1]\nname=1\n", ": [service 1] name: unknown key\n"},
+        {"[service 1]\n13=abc\n", ": [service 1] 13: not a number of 32 bits\n"},
         {"[service 1]\n13=9999999999\n", ": [service 1] 13: not a number of 32 bits\n"},
         {"[service 1]\ntitle=\xFF\n", ": [service 1] title: not a text in UTF-8, or a wrong escape\n"},
         {"[service 1]\ntitle=A\\qB\n", ": [service 1] title: not a text in UTF-8, or a wrong escape\n"},

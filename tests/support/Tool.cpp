@@ -47,6 +47,9 @@ pid_t Spawn(const std::vector<std::string>& command, const Environment& environm
     arguments.push_back(nullptr);
     const pid_t pid = fork();
     if (pid == 0) {
+        std::signal(SIGPIPE, SIG_DFL);
+        for (const char* name : {"TVS_SCENARIO", "TVS_TRACE", "TVS_BUS", "DEBUGMENU_SYSROOT"})
+            unsetenv(name); // the caller's own settings
         for (const auto& [name, value] : environment)
             setenv(name.c_str(), value.c_str(), 1);
         dup2(in, 0);

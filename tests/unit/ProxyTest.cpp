@@ -70,6 +70,9 @@ TEST(Proxy, ReadsAndChangesItems)
     EXPECT_TRUE(items[0].getState());
     EXPECT_EQ(items[0].getID(), 1U);
     EXPECT_EQ(items[1].getName(), "Renamed");
+    items.resize(10'000);
+    EXPECT_TRUE(proxy.SetMenuItems(items));
+    EXPECT_EQ(proxy.GetMenuItems().size(), 10'000U);
 }
 
 TEST(Proxy, SwitchesQoSAndDebugModes)

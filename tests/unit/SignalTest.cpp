@@ -81,6 +81,27 @@ void Raise(EProfile profile, int screenId)
     TVServiceAPI::Destroy(control);
 }
 
+std::atomic<int> g_settled{0};
+
+int OnSettled(ESignalType, TSSignalData, void*)
+{
+    ++g_settled;
+    return 0;
+}
+
+// Raises once more and waits until that is delivered; whatever was to be delivered before it has been by then.
+void RaiseAndSettle()
+{
+    ISignalSubscriber* subscriber = nullptr;
+    ASSERT_EQ(TVServiceAPI::CreateSignalSubscriber(OnSettled, &subscriber), 0);
+    subscriber->AddSignal(SIGNAL_TUNE_SUCCESS, 0, 1, 0, 0);
+    const int before = g_settled;
+    Raise(PROFILE_MAIN, 0);
+    while (g_settled == before)
+        std::this_thread::yield();
+    TVServiceAPI::DestroySignalSubscriber(OnSettled);
+}
+
 template <class Callback> ISignalSubscriber* Subscribe(Callback callback)
 {
     ISignalSubscriber* subscriber = nullptr;
@@ -108,7 +129,7 @@ TEST(Signals, ReachASubscriptionThatIsKnownByItsCallback)
     EXPECT_EQ(WaitFor(1).at(0).type, SIGNAL_TUNE_SUCCESS);
     TVServiceAPI::DestroySignalSubscriber(OnSignal);
     g_subscribed = false;
-    Raise(PROFILE_MAIN, 0);
+    RaiseAndSettle();
 }
 
 TEST(Signals, ReachTheMainContextWithTheirPipeline)
@@ -161,7 +182,7 @@ TEST(Signals, MayEndTheirOwnSubscription)
     subscriber->AddSignal(SIGNAL_TUNE_SUCCESS, 0, 1, 0, 0);
     Raise(PROFILE_MAIN, 0);
     WaitFor(1);
-    Raise(PROFILE_MAIN, 0);
+    RaiseAndSettle();
     EXPECT_EQ(g_calls, 1);
 }
 
