@@ -149,11 +149,13 @@ void TCDebugMenuTPMS::m_SetPreviewSource(bool withService)
             return;
         }
     }
-    const auto control = tpms::CreateSourceControl();
-    if (!control)
-        return;
-    const int result =
-        withService ? control->SetPreviewSource(source, serviceId, "") : control->SetPreviewSource(source, "");
+    int result = 0;
+    {
+        const auto control = tpms::CreateSourceControl(); // released before the report
+        if (!control)
+            return;
+        result = withService ? control->SetPreviewSource(source, serviceId, "") : control->SetPreviewSource(source, "");
+    }
     tpms::ReportResult("SetPreviewSource", result);
 }
 
