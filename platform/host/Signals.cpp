@@ -84,11 +84,16 @@ SignalHub& SignalHub::Instance()
     return hub;
 }
 
+std::vector<std::shared_ptr<SignalHub::Subscription>>::iterator SignalHub::Find(const SignalCallback& callback)
+{
+    return std::find_if(m_subscriptions.begin(), m_subscriptions.end(),
+                        [&](const auto& subscription) { return subscription->Callback() == callback; });
+}
+
 ISignalSubscriber* SignalHub::Subscribe(SignalCallback callback)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    const auto found = std::find_if(m_subscriptions.begin(), m_subscriptions.end(),
-                                    [&](const auto& subscription) { return subscription->Callback() == callback; });
+    const auto found = Find(callback);
     if (found != m_subscriptions.end())
         return found->get();
     return m_subscriptions.emplace_back(std::make_shared<Subscription>(m_mutex, callback)).get();
@@ -99,14 +104,13 @@ void SignalHub::Unsubscribe(SignalCallback callback)
     std::shared_ptr<Subscription> ended;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const auto found = std::find_if(m_subscriptions.begin(), m_subscriptions.end(),
-                                        [&](const auto& subscription) { return subscription->Callback() == callback; });
+        const auto found = Find(callback);
         if (found == m_subscriptions.end())
             return;
         ended = std::move(*found);
         m_subscriptions.erase(found);
     }
-    ended->End();
+    ended->End(); // outside the mutex: the callback that it waits for may use the hub
 }
 
 void SignalHub::Raise(ESignalType type, const TVSHandle& pipeline, const TSSignalData& data)

@@ -38,6 +38,7 @@ private:
     };
 
     SignalHub() = default;
+    std::vector<std::shared_ptr<Subscription>>::iterator Find(const SignalCallback& callback);
     void StartDispatcher();
     void Dispatch();
     void WaitUntilDispatched();
