@@ -17,6 +17,8 @@
 
 const char* const kToolPath = TOOL_PATH;
 const char* const kServicePath = SERVICE_PATH;
+const char* const kSysrootPath = SYSROOT_PATH;
+const char* const kPlugInSysrootPath = PLUG_IN_SYSROOT_PATH;
 
 namespace
 {

@@ -64,3 +64,5 @@ std::string RunShell(const std::string& command);
 
 extern const char* const kToolPath;
 extern const char* const kServicePath;
+extern const char* const kSysrootPath;       ///< of the build
+extern const char* const kPlugInSysrootPath; ///< with a plug-in that calls the platform

@@ -25,7 +25,7 @@ public:
     void Fetch(int field);
 
     /// All calls so far, in order.
-    const std::vector<Step>& GetSteps() const;
+    const std::vector<Step>& GetSteps() const { return m_steps; }
 
 private:
     friend class TCNavigationModeHelper;

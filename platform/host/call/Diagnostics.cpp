@@ -1,0 +1,27 @@
+// Assertions and log messages go to standard error and to the trace.
+#include "tvs-api-internal/Diagnostics.h"
+
+#include "host/call/Operation.h"
+#include "host/call/StandardStreams.h"
+
+#include <cstdarg>
+#include <glib.h>
+#include <memory>
+
+void _TCApiAssert(const char* expression, const char* path, unsigned long line, const char* message)
+{
+    host::Operation(host::Op::_TCApiAssert, host::With(expression, path, line), [&](host::Outputs&) {
+        host::Complain(std::string("ASSERT ") + expression + " at " + path + ":" + std::to_string(line) +
+                       (message == nullptr ? "" : std::string(": ") + message));
+    });
+}
+
+void TCApiPrintMessage(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    const std::unique_ptr<char, decltype(&g_free)> text(g_strdup_vprintf(format, arguments), g_free);
+    va_end(arguments);
+    const char* message = text.get();
+    host::Operation(host::Op::TCApiPrintMessage, host::With(message), [&](host::Outputs&) { host::Complain(message); });
+}

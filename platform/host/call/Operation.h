@@ -1,0 +1,78 @@
+// How every platform call runs: the scenario's fault or the work, then its line in the trace.
+#pragma once
+
+#include "host/call/Host.h"
+#include "host/call/OperationNames.h"
+#include "host/call/Text.h"
+
+#include <stdexcept>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+namespace host
+{
+
+/// The output arguments that a call wrote, in their order.
+class Outputs
+{
+public:
+    template <class T, class Value> void Write(T& variable, Value&& value)
+    {
+        variable = std::forward<Value>(value);
+        if (Host::Instance().trace.IsOpen())
+            m_shown += ' ' + Show(variable);
+    }
+    const std::string& Shown() const { return m_shown; }
+
+private:
+    std::string m_shown;
+};
+
+/// Runs `work(outputs)` as that call with those arguments and returns its result.
+template <class... Arguments, class Work>
+auto Operation(Op operation, const std::tuple<Arguments...>& arguments, Work&& work)
+{
+    using Result = std::invoke_result_t<Work, Outputs&>;
+    Host& host = Host::Instance();
+    const auto trace = [&](const std::string& outcome) {
+        if (!host.trace.IsOpen())
+            return;
+        std::string shown;
+        std::apply(
+            [&](const auto&... argument) { ((shown += shown.empty() ? "" : ", ", shown += Show(argument)), ...); },
+            arguments);
+        host.trace.Write(NameOf(operation) + ("(" + shown) + ")" + outcome);
+    };
+
+    const Fault& fault = host.scenario.FaultOf(operation);
+    if (fault.thrown) {
+        trace(" ! " + OneLine(*fault.thrown));
+        throw std::runtime_error(*fault.thrown);
+    }
+
+    Outputs outputs;
+    const bool works = !fault.result || fault.object;
+    if constexpr (std::is_void_v<Result>) {
+        if (works)
+            work(outputs);
+        trace("");
+    } else {
+        Result result{};
+        if (works)
+            result = work(outputs);
+        if (fault.result)
+            result = static_cast<Result>(*fault.result);
+        trace(" = " + Show(result) + outputs.Shown());
+        return result;
+    }
+}
+
+/// The arguments of a call as Operation takes them.
+template <class... Arguments> std::tuple<const Arguments&...> With(const Arguments&... arguments)
+{
+    return {arguments...};
+}
+
+} // namespace host

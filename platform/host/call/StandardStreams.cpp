@@ -1,0 +1,36 @@
+#include "host/call/StandardStreams.h"
+
+#include "host/call/Text.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace host
+{
+
+void KeepStandardDescriptors()
+{
+    for (int descriptor = 0; descriptor <= 2; ++descriptor) {
+        if (fcntl(descriptor, F_GETFD) == -1 && errno == EBADF)
+            // The lowest free number is the one that is closed. Input stays unreadable: its end is seen at once.
+            (void)open("/dev/null", descriptor == 0 ? O_WRONLY : O_RDWR);
+    }
+}
+
+void Complain(const std::string& line)
+{
+    const std::string text = line + "\n";
+    std::fwrite(text.data(), 1, text.size(), stderr);
+    std::fflush(stderr);
+}
+
+void Refuse(const std::string& reason)
+{
+    Complain(OneLine(reason));
+    std::_Exit(2);
+}
+
+} // namespace host

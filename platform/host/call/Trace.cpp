@@ -1,0 +1,107 @@
+#include "host/call/Trace.h"
+
+#include "host/call/Text.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace host
+{
+namespace
+{
+
+// The elements between two brackets, each behind the first after a separator.
+template <class List, class Shower>
+std::string ShowAll(const List& list, const char* separator, const char* brackets, Shower show)
+{
+    std::string text(1, brackets[0]);
+    const char* before = "";
+    for (const auto& element : list) {
+        text += before + show(element);
+        before = separator;
+    }
+    return text + brackets[1];
+}
+
+std::string ShowStep(const TCCriteriaHelper::Step& step)
+{
+    const std::string field = std::to_string(step.field);
+    const std::string value = std::to_string(step.value);
+    switch (step.kind) {
+    case TCCriteriaHelper::Step::NAVIGATION:
+        return "navigation " + field + " " + value;
+    case TCCriteriaHelper::Step::WHERE:
+        return "where " + field + "=" + value;
+    case TCCriteriaHelper::Step::WHERE_NOT:
+        return "where not " + field + "=" + value;
+    case TCCriteriaHelper::Step::FETCH:
+        break;
+    }
+    return "fetch " + field;
+}
+
+} // namespace
+
+std::string Show(bool value) { return value ? "true" : "false"; }
+
+std::string Show(std::string_view text)
+{
+    std::string quoted = "\"";
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (character == '"' || character == '\\')
+            (quoted += '\\') += character;
+        else
+            quoted += byte < 0x7F ? OneLine({character}) : HexEscape(byte);
+    }
+    return quoted + '"';
+}
+
+std::string Show(const TSTvMode& mode)
+{
+    return ShowAll(std::vector<int>{mode.antennaMode, mode.serviceMode}, ", ", "{}", Show<int>);
+}
+
+std::string Show(const TSRectInfo& r)
+{
+    return ShowAll(std::vector<int>{r.x, r.y, r.width, r.height}, ", ", "{}", Show<int>);
+}
+
+std::string Show(const TCCriteriaHelper& criteria) { return ShowAll(criteria.GetSteps(), "; ", "{}", ShowStep); }
+
+std::string Show(const TServiceList& services)
+{
+    return ShowAll(services, ", ", "[]",
+                   [](const auto& service) { return Show(service.first) + ":" + Show(service.second); });
+}
+
+std::string Show(const std::vector<int>& ids) { return ShowAll(ids, ", ", "[]", Show<int>); }
+
+void Trace::Open(const std::string& path)
+{
+    // A pipe that nobody reads is refused, not waited for.
+    m_descriptor = path == "-"
+                       ? STDERR_FILENO
+                       : open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (m_descriptor < 0)
+        throw std::runtime_error("trace " + path + ": " + std::strerror(errno));
+    if (m_descriptor != STDERR_FILENO)
+        fcntl(m_descriptor, F_SETFL, O_APPEND);
+}
+
+void Trace::Write(std::string line)
+{
+    line += '\n';
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (std::size_t done = 0; done < line.size();) {
+        const ssize_t written = write(m_descriptor, line.data() + done, line.size() - done);
+        if (written < 0 && errno != EINTR)
+            return; // a full disk must not stop the engineer
+        done += written < 0 ? 0 : static_cast<std::size_t>(written);
+    }
+}
+
+} // namespace host

@@ -1,0 +1,289 @@
+#include "host/messaging/DebugPrintService.h"
+
+#include "debugmenu/DebugMenuUtility.h"
+#include "tvs-api/Types.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <iterator>
+#include <optional>
+#include <stdexcept>
+
+namespace host
+{
+namespace
+{
+
+constexpr std::uint32_t kExit = 99;
+
+// Ids in the order of the screen.
+constexpr std::pair<std::uint32_t, const char*> kDebugModes[] = {
+    {DEBUG_MODE_PRINT, "print"}, {DEBUG_MODE_SIGNAL, "signal"}, {DEBUG_MODE_PERFORMANCE, "performance"}};
+
+TCTreeNode TextNode(short tag, const std::string& text)
+{
+    TCTreeBranch branch;
+    branch.AppendChild({0, static_cast<std::uint32_t>(text.size())});
+    if (!text.empty())
+        branch.AppendChild({1, TCTreeNode::Bytes(text.begin(), text.end())});
+    return {tag, std::move(branch)};
+}
+
+TCTreeNode Number(std::uint32_t number) { return {0, number}; }
+
+TCTreeNode Flag(bool on) { return {0, static_cast<std::uint8_t>(on)}; }
+
+const char* OnOff(bool on) { return on ? "on" : "off"; }
+
+} // namespace
+
+/// Takes the values of a request one after the other; throws std::invalid_argument where one has another form.
+class RequestReader
+{
+public:
+    explicit RequestReader(const std::vector<TCTreeNode>& values) : m_values(values) {}
+
+    template <class T> const T& Take()
+    {
+        const auto* value = m_next < m_values.size() ? std::get_if<T>(&m_values[m_next++].value) : nullptr;
+        if (value == nullptr)
+            throw std::invalid_argument("a value has another form");
+        return *value;
+    }
+
+    std::string TakeText()
+    {
+        const auto& branch = Take<TCTreeBranch>();
+        RequestReader parts(branch.GetChildren());
+        const auto length = parts.Take<std::uint32_t>();
+        const auto bytes = length == 0 ? TCTreeNode::Bytes() : parts.Take<TCTreeNode::Bytes>();
+        parts.End();
+        if (bytes.size() != length)
+            throw std::invalid_argument("a text has another length");
+        return {bytes.begin(), bytes.end()};
+    }
+
+    bool HasMore() const { return m_next < m_values.size(); }
+
+    void End() const
+    {
+        if (HasMore())
+            throw std::invalid_argument("more values than the method takes");
+    }
+
+private:
+    const std::vector<TCTreeNode>& m_values;
+    std::size_t m_next = 0;
+};
+
+DebugPrintService::DebugPrintService()
+    : m_items{{"Tuner", false, 1}, {"Source", false, 2},       {"Video", false, 3},
+              {"Audio", false, 4}, {"Service list", false, 5}, {"Programme guide", false, 6}}
+{
+}
+
+void DebugPrintService::Serve(sd_bus* bus)
+{
+    std::vector<sd_bus_vtable> table = {SD_BUS_VTABLE_START(0)};
+    for (const Method& method : Methods())
+        table.push_back(SD_BUS_METHOD(method.name, "nav", "av", OnCall, SD_BUS_VTABLE_UNPRIVILEGED));
+    table.push_back(SD_BUS_VTABLE_END);
+    sd_bus_slot* added = nullptr;
+    Checked(sd_bus_add_object_vtable(bus, &added, kServiceObjectPath, kDebugPrintInterface, table.data(), this));
+    // The table lives as long as the slot.
+    const std::unique_ptr<sd_bus_slot, sd_bus_slot* (*)(sd_bus_slot*)> slot(added, sd_bus_slot_unref);
+    while (sd_bus_is_open(bus) > 0) {
+        const int processed = sd_bus_process(bus, nullptr);
+        if (processed < 0 || (processed == 0 && sd_bus_wait(bus, UINT64_MAX) < 0))
+            break;
+    }
+}
+
+const DebugPrintService::MethodTable& DebugPrintService::Methods()
+{
+    // Not made and not destroyed: the embedded service runs before main and while the process ends.
+    static constexpr MethodTable methods = {{
+        {"Start", &DebugPrintService::Start},
+        {"Execute", &DebugPrintService::Execute},
+        {"Stop", &DebugPrintService::Stop},
+        {"Check", &DebugPrintService::Check},
+        {"GetMenuItems", &DebugPrintService::GetMenuItems},
+        {"SetMenuItems", &DebugPrintService::SetMenuItems},
+        {"SetMenuItem", &DebugPrintService::SetMenuItem},
+        {"SetQoSEnabled", &DebugPrintService::SetQoSEnabled},
+        {"IsQoSEnabled", &DebugPrintService::IsQoSEnabled},
+        {"SetDebugMode", &DebugPrintService::SetDebugMode},
+        {"IsDebugModeEnabled", &DebugPrintService::IsDebugModeEnabled},
+    }};
+    return methods;
+}
+
+int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_error* error)
+{
+    try {
+        std::int16_t number = -1;
+        Checked(sd_bus_message_read_basic(message, 'n', &number));
+        const char* member = sd_bus_message_get_member(message);
+        const auto index = static_cast<std::size_t>(number); // too large if it is negative
+        if (index >= Methods().size() || std::strcmp(Methods()[index].name, member) != 0)
+            throw std::invalid_argument("the number is not the method's");
+        const Values values = ReadValues(message);
+        RequestReader request(values);
+        const auto run = Methods()[index].run;
+        const Values answer = (static_cast<DebugPrintService*>(service)->*run)(request);
+
+        sd_bus_message* made = nullptr;
+        Checked(sd_bus_message_new_method_return(message, &made));
+        const BusMessage reply(made);
+        AppendValues(made, answer);
+        return Checked(sd_bus_send(nullptr, made, nullptr));
+    } catch (const std::exception& exception) {
+        return sd_bus_error_set(error, SD_BUS_ERROR_INVALID_ARGS, exception.what());
+    }
+}
+
+DebugPrintService::Values DebugPrintService::Start(RequestReader& request)
+{
+    request.End();
+    return {Number(1), TextNode(1, Screen())};
+}
+
+DebugPrintService::Values DebugPrintService::Execute(RequestReader& request)
+{
+    const std::string word = request.TakeText();
+    request.End();
+    std::uint32_t id = 0;
+    const auto [stop, error] = std::from_chars(word.data(), word.data() + word.size(), id);
+    const bool isNumber = error == std::errc{} && stop == word.data() + word.size();
+    if (isNumber && id == kExit)
+        return {Number(0), TextNode(1, "")};
+    Item* item = isNumber ? FindItem(id) : nullptr;
+    if (item == nullptr)
+        return {Number(1), TextNode(1, "Not an item of this menu\n" + Screen())};
+    item->on = !item->on;
+    return {Number(1), TextNode(1, Screen())};
+}
+
+DebugPrintService::Values DebugPrintService::Stop(RequestReader& request)
+{
+    request.End();
+    return {Number(1)};
+}
+
+// The check value is the number of items that print.
+DebugPrintService::Values DebugPrintService::Check(RequestReader& request)
+{
+    request.End();
+    const auto printing = std::count_if(m_items.begin(), m_items.end(), [](const Item& item) { return item.on; });
+    return {Number(1), Number(static_cast<std::uint32_t>(printing))};
+}
+
+DebugPrintService::Values DebugPrintService::GetMenuItems(RequestReader& request)
+{
+    request.End();
+    TCTreeBranch list;
+    for (const Item& item : m_items) {
+        TCTreeBranch branch;
+        branch.AppendChild(TextNode(0, item.name));
+        branch.AppendChild({1, static_cast<std::uint8_t>(item.on)});
+        branch.AppendChild({2, item.id});
+        list.AppendChild({-1, std::move(branch)});
+    }
+    return {Number(1), {1, std::move(list)}};
+}
+
+DebugPrintService::Values DebugPrintService::SetMenuItems(RequestReader& request)
+{
+    const auto& list = request.Take<TCTreeBranch>();
+    request.End();
+    std::vector<Item> items;
+    for (RequestReader elements(list.GetChildren()); elements.HasMore();)
+        items.push_back(ReadItem(elements));
+    m_items = std::move(items);
+    return {Number(1)};
+}
+
+DebugPrintService::Values DebugPrintService::SetMenuItem(RequestReader& request)
+{
+    const Item changed = ReadItem(request);
+    request.End();
+    Item* item = FindItem(changed.id);
+    if (item == nullptr)
+        return {Number(0)};
+    *item = changed;
+    return {Number(1)};
+}
+
+DebugPrintService::Values DebugPrintService::SetQoSEnabled(RequestReader& request)
+{
+    const bool on = request.Take<std::uint8_t>() != 0;
+    request.End();
+    m_qos = on;
+    return {Number(1)};
+}
+
+DebugPrintService::Values DebugPrintService::IsQoSEnabled(RequestReader& request)
+{
+    request.End();
+    return {Flag(m_qos)};
+}
+
+DebugPrintService::Values DebugPrintService::SetDebugMode(RequestReader& request)
+{
+    const auto mode = request.Take<std::uint32_t>();
+    const bool on = request.Take<std::uint8_t>() != 0;
+    request.End();
+    const bool known = std::any_of(std::begin(kDebugModes), std::end(kDebugModes),
+                                   [mode](const auto& entry) { return entry.first == mode; });
+    if (known && on)
+        m_debugModes.insert(mode);
+    else if (known)
+        m_debugModes.erase(mode);
+    return {Number(known ? 1 : 0)};
+}
+
+DebugPrintService::Values DebugPrintService::IsDebugModeEnabled(RequestReader& request)
+{
+    const auto mode = request.Take<std::uint32_t>();
+    request.End();
+    return {Flag(m_debugModes.count(mode) > 0)};
+}
+
+DebugPrintService::Item DebugPrintService::ReadItem(RequestReader& request)
+{
+    const auto& branch = request.Take<TCTreeBranch>();
+    RequestReader parts(branch.GetChildren());
+    Item item;
+    item.name = parts.TakeText();
+    item.on = parts.Take<std::uint8_t>() != 0;
+    item.id = parts.Take<std::uint32_t>();
+    parts.End();
+    return item;
+}
+
+DebugPrintService::Item* DebugPrintService::FindItem(std::uint32_t id)
+{
+    const auto found = std::find_if(m_items.begin(), m_items.end(), [id](const Item& item) { return item.id == id; });
+    return found == m_items.end() ? nullptr : &*found;
+}
+
+std::string DebugPrintService::Screen() const
+{
+    std::string screen = TCDebugMenuUtility::thickLine;
+    screen += "\t[TV Service Debug Print]\t\n";
+    screen += TCDebugMenuUtility::thinLine;
+    for (const Item& item : m_items)
+        screen += " " + std::to_string(item.id) + ". " + item.name + " [" + OnOff(item.on) + "]\n";
+    screen += TCDebugMenuUtility::thinLine;
+    screen += std::string(" QoS: ") + OnOff(m_qos) + "\n";
+    for (const auto& [mode, name] : kDebugModes)
+        screen += std::string(" Debug mode ") + name + ": " + OnOff(m_debugModes.count(mode) > 0) + "\n";
+    screen += TCDebugMenuUtility::thinLine;
+    screen += " 99 : Exit\n";
+    screen += TCDebugMenuUtility::thickLine;
+    return screen + "tvs> ";
+}
+
+} // namespace host

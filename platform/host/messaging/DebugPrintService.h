@@ -1,0 +1,64 @@
+// The TV service's side of com.kavrin.IDebugPrintControl: its debug print items, QoS, debug modes, and the menu over
+// them. The menu keeps nothing per client, so that several consoles can have it open.
+#pragma once
+
+#include "host/messaging/ServiceBus.h"
+
+#include <array>
+#include <cstdint>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace host
+{
+
+class RequestReader;
+
+class DebugPrintService
+{
+public:
+    DebugPrintService();
+
+    /// Serves the interface on that bus until the bus ends. One bus at a time.
+    void Serve(sd_bus* bus);
+
+private:
+    struct Item {
+        std::string name;
+        bool on;
+        std::uint32_t id;
+    };
+    using Values = std::vector<TCTreeNode>;
+    struct Method {
+        const char* name;
+        Values (DebugPrintService::*run)(RequestReader&);
+    };
+
+    using MethodTable = std::array<Method, 11>;
+    /// A method's number is its place.
+    static const MethodTable& Methods();
+    static int OnCall(sd_bus_message* message, void* service, sd_bus_error* error);
+
+    Values Start(RequestReader& request);
+    Values Execute(RequestReader& request);
+    Values Stop(RequestReader& request);
+    Values Check(RequestReader& request);
+    Values GetMenuItems(RequestReader& request);
+    Values SetMenuItems(RequestReader& request);
+    Values SetMenuItem(RequestReader& request);
+    Values SetQoSEnabled(RequestReader& request);
+    Values IsQoSEnabled(RequestReader& request);
+    Values SetDebugMode(RequestReader& request);
+    Values IsDebugModeEnabled(RequestReader& request);
+
+    static Item ReadItem(RequestReader& request);
+    Item* FindItem(std::uint32_t id);
+    std::string Screen() const;
+
+    std::vector<Item> m_items;
+    std::set<std::uint32_t> m_debugModes;
+    bool m_qos = false;
+};
+
+} // namespace host

@@ -1,0 +1,145 @@
+#include "host/messaging/MessageCodec.h"
+
+#include <cerrno>
+#include <string>
+#include <system_error>
+
+namespace host
+{
+namespace
+{
+
+constexpr const char* kBranch = "a(nv)";
+constexpr int kDeepest = 16;        // honest trees have three levels
+constexpr int kMostNodes = 100'000; // a menu of ten thousand items has 60 thousand
+
+void AppendVariant(sd_bus_message* message, const TCTreeNode& node);
+
+void AppendBranch(sd_bus_message* message, const TCTreeBranch& branch)
+{
+    Checked(sd_bus_message_open_container(message, 'a', "(nv)"));
+    for (const TCTreeNode& child : branch.GetChildren()) {
+        Checked(sd_bus_message_open_container(message, 'r', "nv"));
+        Checked(sd_bus_message_append_basic(message, 'n', &child.tag));
+        AppendVariant(message, child);
+        Checked(sd_bus_message_close_container(message));
+    }
+    Checked(sd_bus_message_close_container(message));
+}
+
+void AppendVariant(sd_bus_message* message, const TCTreeNode& node)
+{
+    const auto append = [message](const auto& held, const char* type) {
+        Checked(sd_bus_message_open_container(message, 'v', type));
+        using Held = std::decay_t<decltype(held)>;
+        if constexpr (std::is_same_v<Held, TCTreeBranch>)
+            AppendBranch(message, held);
+        else if constexpr (std::is_same_v<Held, TCTreeNode::Bytes>)
+            Checked(sd_bus_message_append_array(message, 'y', held.data(), held.size()));
+        else
+            Checked(sd_bus_message_append_basic(message, type[0], &held));
+        Checked(sd_bus_message_close_container(message));
+    };
+    static constexpr const char* types[] = {"y", "q", "u", "t", "ay", kBranch};
+    std::visit([&](const auto& held) { append(held, types[node.value.index()]); }, node.value);
+}
+
+template <class Number> Number ReadPlain(sd_bus_message* message, char type)
+{
+    Number number{};
+    Checked(sd_bus_message_read_basic(message, type, &number));
+    return number;
+}
+
+// Reads variants, and counts what it makes of them: a node takes many times the bytes of a short value.
+class NodeReader
+{
+public:
+    explicit NodeReader(sd_bus_message* message) : m_message(message) {}
+
+    TCTreeNode::Value ReadVariant(int depth)
+    {
+        if (++m_nodes > kMostNodes)
+            Checked(-EMSGSIZE);
+        const char* type = nullptr;
+        Checked(sd_bus_message_peek_type(m_message, nullptr, &type));
+        const std::string contents = type == nullptr ? "" : type;
+        Checked(sd_bus_message_enter_container(m_message, 'v', contents.c_str()));
+        TCTreeNode::Value value = ReadContents(contents, depth);
+        Checked(sd_bus_message_exit_container(m_message));
+        return value;
+    }
+
+private:
+    TCTreeNode::Value ReadContents(const std::string& type, int depth)
+    {
+        if (type == "y")
+            return ReadPlain<std::uint8_t>(m_message, 'y');
+        if (type == "q")
+            return ReadPlain<std::uint16_t>(m_message, 'q');
+        if (type == "u")
+            return ReadPlain<std::uint32_t>(m_message, 'u');
+        if (type == "t")
+            return ReadPlain<std::uint64_t>(m_message, 't');
+        if (type == "ay" && depth > 0)
+            return ReadBytes();
+        if (type == kBranch && depth < kDeepest)
+            return ReadBranch(depth);
+        throw std::system_error(EBADMSG, std::generic_category());
+    }
+
+    TCTreeNode::Bytes ReadBytes()
+    {
+        const void* bytes = nullptr;
+        std::size_t size = 0;
+        Checked(sd_bus_message_read_array(m_message, 'y', &bytes, &size));
+        const auto* first = static_cast<const unsigned char*>(bytes);
+        return {first, first + size};
+    }
+
+    TCTreeBranch ReadBranch(int depth)
+    {
+        TCTreeBranch branch;
+        Checked(sd_bus_message_enter_container(m_message, 'a', "(nv)"));
+        while (Checked(sd_bus_message_enter_container(m_message, 'r', "nv")) > 0) {
+            const auto tag = ReadPlain<std::int16_t>(m_message, 'n');
+            branch.AppendChild({tag, ReadVariant(depth + 1)});
+            Checked(sd_bus_message_exit_container(m_message));
+        }
+        Checked(sd_bus_message_exit_container(m_message));
+        return branch;
+    }
+
+    sd_bus_message* m_message;
+    int m_nodes = 0;
+};
+
+} // namespace
+
+int Checked(int result)
+{
+    if (result < 0)
+        throw std::system_error(-result, std::generic_category());
+    return result;
+}
+
+void AppendValues(sd_bus_message* message, const std::vector<TCTreeNode>& values)
+{
+    Checked(sd_bus_message_open_container(message, 'a', "v"));
+    for (const TCTreeNode& value : values)
+        AppendVariant(message, value);
+    Checked(sd_bus_message_close_container(message));
+}
+
+std::vector<TCTreeNode> ReadValues(sd_bus_message* message)
+{
+    std::vector<TCTreeNode> values;
+    NodeReader reader(message);
+    Checked(sd_bus_message_enter_container(message, 'a', "v"));
+    while (Checked(sd_bus_message_at_end(message, 0)) == 0)
+        values.emplace_back(static_cast<short>(values.size()), reader.ReadVariant(0));
+    Checked(sd_bus_message_exit_container(message));
+    return values;
+}
+
+} // namespace host

@@ -1,0 +1,182 @@
+#include "host/simulator/Signals.h"
+
+#include "host/call/Operation.h"
+#include "host/call/StandardStreams.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <glib.h>
+#include <set>
+#include <string>
+#include <thread>
+
+namespace host
+{
+namespace
+{
+
+constexpr std::chrono::seconds kLastWords(1);
+
+} // namespace
+
+class SignalHub::Subscription : public ISignalSubscriber
+{
+public:
+    Subscription(std::mutex& hubMutex, SignalCallback callback) : m_hubMutex(hubMutex), m_callback(callback) {}
+
+    int AddSignal(ESignalType type, int reserved1, int profile, int reserved2, int reserved3) override
+    {
+        return Operation(Op::ISignalSubscriber_AddSignal, With(type, reserved1, profile, reserved2, reserved3),
+                         [&](Outputs&) {
+                             const std::lock_guard<std::mutex> lock(m_hubMutex);
+                             m_types.insert(type);
+                             return 1;
+                         });
+    }
+
+    int RemoveSignal(ESignalType type, int profile, int reserved1, int reserved2) override
+    {
+        return Operation(Op::ISignalSubscriber_RemoveSignal, With(type, profile, reserved1, reserved2), [&](Outputs&) {
+            const std::lock_guard<std::mutex> lock(m_hubMutex);
+            m_types.erase(type);
+            return 1;
+        });
+    }
+
+    const SignalCallback& Callback() const { return m_callback; }
+    /// Under the hub's mutex.
+    bool Has(ESignalType type) const { return m_types.count(type) > 0; }
+
+    void Deliver(const Event& event)
+    {
+        const std::lock_guard<std::recursive_mutex> lock(m_running);
+        if (!m_alive)
+            return;
+        try {
+            if (const auto* own = std::get_if<TSignalCallback>(&m_callback))
+                (*own)(event.type, event.data, nullptr);
+            else
+                std::get<TPipelineSignalCallback>(m_callback)(event.type, event.pipeline.profile,
+                                                              event.pipeline.screenId, event.data, nullptr);
+        } catch (const std::exception& error) {
+            Complain(std::string("signal callback: ") + error.what());
+        }
+    }
+
+    void End()
+    {
+        const std::lock_guard<std::recursive_mutex> lock(m_running);
+        m_alive = false;
+    }
+
+private:
+    std::mutex& m_hubMutex;
+    const SignalCallback m_callback;
+    std::set<ESignalType> m_types;
+    std::recursive_mutex m_running; // held while the callback runs, which may end its own subscription
+    bool m_alive = true;
+};
+
+SignalHub& SignalHub::Instance()
+{
+    static SignalHub& hub = *new SignalHub;
+    return hub;
+}
+
+std::vector<std::shared_ptr<SignalHub::Subscription>>::iterator SignalHub::Find(const SignalCallback& callback)
+{
+    return std::find_if(m_subscriptions.begin(), m_subscriptions.end(),
+                        [&](const auto& subscription) { return subscription->Callback() == callback; });
+}
+
+ISignalSubscriber* SignalHub::Subscribe(SignalCallback callback)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto found = Find(callback);
+    if (found != m_subscriptions.end())
+        return found->get();
+    return m_subscriptions.emplace_back(std::make_shared<Subscription>(m_mutex, callback)).get();
+}
+
+void SignalHub::Unsubscribe(SignalCallback callback)
+{
+    std::shared_ptr<Subscription> ended;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        const auto found = Find(callback);
+        if (found == m_subscriptions.end())
+            return;
+        ended = std::move(*found);
+        m_subscriptions.erase(found);
+    }
+    ended->End(); // outside the mutex: the callback that it waits for may use the hub
+}
+
+void SignalHub::Raise(ESignalType type, const TVSHandle& pipeline, const TSSignalData& data)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (const auto& subscription : m_subscriptions) {
+        if (!subscription->Has(type))
+            continue;
+        const bool own = std::holds_alternative<TSignalCallback>(subscription->Callback());
+        (own ? m_ownEvents : m_mainEvents).push_back({subscription, type, pipeline, data});
+        if (own) {
+            StartDispatcher();
+            m_raised.notify_one();
+        } else {
+            // The event itself waits in the queue, under the mutex; the source only says that there is one more.
+            GSource* source = g_idle_source_new();
+            g_source_set_priority(source, G_PRIORITY_DEFAULT);
+            g_source_set_callback(source, DispatchOnMainContext, nullptr, nullptr);
+            g_source_attach(source, nullptr);
+            g_source_unref(source);
+        }
+    }
+}
+
+void SignalHub::StartDispatcher()
+{
+    if (m_dispatcherStarted)
+        return;
+    std::thread([this] { Dispatch(); }).detach();
+    // What was raised is still told when the program ends, as far as that does not take long.
+    std::atexit([] { Instance().WaitUntilDispatched(); });
+    m_dispatcherStarted = true;
+}
+
+void SignalHub::Dispatch()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    for (;;) {
+        m_raised.wait(lock, [this] { return !m_ownEvents.empty(); });
+        const Event event = std::move(m_ownEvents.front());
+        m_ownEvents.pop_front();
+        m_dispatching = true;
+        lock.unlock();
+        event.subscription->Deliver(event);
+        lock.lock();
+        m_dispatching = false;
+        m_dispatched.notify_all();
+    }
+}
+
+void SignalHub::WaitUntilDispatched()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    // A callback that hangs must not keep the process.
+    m_dispatched.wait_for(lock, kLastWords, [this] { return m_ownEvents.empty() && !m_dispatching; });
+}
+
+int SignalHub::DispatchOnMainContext(void*)
+{
+    SignalHub& hub = Instance();
+    std::unique_lock<std::mutex> lock(hub.m_mutex);
+    const Event event = std::move(hub.m_mainEvents.front());
+    hub.m_mainEvents.pop_front();
+    lock.unlock();
+    event.subscription->Deliver(event);
+    return G_SOURCE_REMOVE;
+}
+
+} // namespace host

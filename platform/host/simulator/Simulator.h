@@ -1,0 +1,84 @@
+// The state of the television that the simulator plays.
+#pragma once
+
+#include "host/call/Operation.h"
+#include "tvs-api/TVServiceAPI.h"
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+namespace host
+{
+
+struct PipelineState {
+    TCPipelineInfo info;
+    std::optional<TSTvMode> mode; ///< none: the scenario's
+};
+
+struct ZoomWindow {
+    TSRectInfo source, destination, main;
+    bool started = false;
+    bool muted = false;
+};
+
+/// A control object that was handed out.
+struct LiveControl {
+    std::unique_ptr<ITvsSession> object;
+    const char* interfaceName;
+    std::optional<TVSHandle> pipeline;
+};
+
+/// What the television remembers. It outlives the control objects that changed it.
+struct TelevisionState {
+    std::map<TVSHandle, PipelineState> pipelines;
+    std::map<int, ZoomWindow> zoomWindows;
+    int lastZoomWindow = 0;
+    std::map<std::pair<EStateChange, std::string>, bool> registrations; ///< true: has reported
+    std::unordered_map<const ITvsSession*, LiveControl> controls;
+};
+
+/// Made on first use and never destroyed. The state belongs to the work of a Call.
+class Simulator : public TelevisionState
+{
+public:
+    static Simulator& Instance();
+
+    /// Forgets everything and plays the host's scenario anew.
+    void Restart();
+
+    /// A platform call whose work uses the state; calls run one after the other.
+    template <class... Arguments, class Work>
+    auto Call(Op operation, const std::tuple<Arguments...>& arguments, Work&& work)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return Operation(operation, arguments, std::forward<Work>(work));
+    }
+
+    /// The name of the interface of an object that was handed out; "unknown" for any other.
+    const char* InterfaceOf(const ITvsSession* control);
+
+    const Scenario& Tv() const { return Host::Instance().scenario; }
+    /// The first service with that id, or null.
+    const ScenarioService* FindService(unsigned long long id) const;
+    /// Whether the service meets every condition.
+    static bool Matches(const ScenarioService& service, const TCCriteriaHelper& criteria);
+    /// Fills in the fields that the criteria fetches.
+    static void Fetch(const ScenarioService& service, const TCCriteriaHelper& criteria, TCServiceData& data);
+
+    TSTvMode Mode(const TVSHandle& pipeline) const;
+    /// Remembers the source and raises what the tuner reports.
+    void SetSource(const TVSHandle& pipeline, ESource source, std::optional<unsigned long long> serviceId);
+
+private:
+    Simulator() { Restart(); }
+
+    std::mutex m_mutex;
+    std::unordered_map<unsigned long long, const ScenarioService*> m_services;
+};
+
+} // namespace host

@@ -1,0 +1,32 @@
+#include "debugmenu/DebugMenuUtility.h"
+
+#include "host/call/Settings.h"
+#include "host/call/StandardStreams.h"
+
+#include <algorithm>
+#include <dlfcn.h>
+
+const char* const TCDebugMenuUtility::thickLine = "====================================\n";
+const char* const TCDebugMenuUtility::thinLine = "------------------------------------\n";
+
+bool TCDebugMenuUtility::IsNumber(const std::string& word)
+{
+    const std::size_t sign = !word.empty() && (word[0] == '+' || word[0] == '-') ? 1 : 0;
+    return word.size() > sign && std::all_of(word.begin() + static_cast<std::ptrdiff_t>(sign), word.end(),
+                                             [](char character) { return character >= '0' && character <= '9'; });
+}
+
+bool TCDebugMenuUtility::OpenLibrary(const char* path, const char* entry)
+{
+    const std::string file = host::Setting("DEBUGMENU_SYSROOT").value_or("") + path;
+    // Never closed: a plug-in may leave threads, callbacks or exceptions of its own behind.
+    void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* symbol = library == nullptr ? nullptr : dlsym(library, entry);
+    if (symbol == nullptr) {
+        const char* reason = dlerror();
+        host::Complain(file + ": " + (reason == nullptr ? "the entry is null" : reason));
+        return false;
+    }
+    reinterpret_cast<void (*)()>(symbol)();
+    return true;
+}

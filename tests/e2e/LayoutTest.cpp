@@ -1,0 +1,43 @@
+// What the build lays out: the exports of the tool and of the platform's libraries, and plug-ins between the two.
+#include "support/Screens.h"
+#include "support/Tool.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+std::string Exports(const std::string& file)
+{
+    return RunShell("nm -DC --defined-only --format=posix " + file + " | sed 's/ [A-Z] .*//' | sort -u");
+}
+
+TEST(Layout, TheToolExportsWhatPlugInsCall)
+{
+    EXPECT_EQ(Exports(kToolPath), "TCDebugMenuTPMS::Enter()\nTCDebugMenuTPMS::TCDebugMenuTPMS()\n");
+}
+
+TEST(Layout, TheLibrariesExportWhatTheirHeadersDeclare)
+{
+    const std::string folder = std::string(kSysrootPath) + "/usr/lib/lib";
+    EXPECT_EQ(Exports(folder + "vconf.so"), "vconf_get_int\n");
+    EXPECT_EQ(Exports(folder + "debugmenu-utility.so"),
+              "TCDebugMenuUtility::IsNumber(std::__cxx11::basic_string<char, std::char_traits<char>, "
+              "std::allocator<char> > const&)\nTCDebugMenuUtility::OpenLibrary(char const*, char const*)\n"
+              "TCDebugMenuUtility::thickLine\nTCDebugMenuUtility::thinLine\n");
+    const std::string api = Exports(folder + "tvs-api.so");
+    EXPECT_NE(api.find("TVServiceAPI::Destroy(ITvsSession*)\n"), std::string::npos);
+    for (const char* inner : {"host::", "\nstd::", "Connection::Channel"})
+        EXPECT_EQ(api.find(inner), std::string::npos) << api.substr(api.find(inner), 200);
+}
+
+TEST(Layout, APlugInCallsThePlatform)
+{
+    const Outcome outcome = RunTool("6\n", "", {{"DEBUGMENU_SYSROOT", kPlugInSysrootPath}});
+    EXPECT_EQ(outcome.out, "DebugUtil\n" + kTopMenu + "executing: TVS HT Debug\nRestartVideoDecoder: 1\n" + kTopMenu);
+    EXPECT_EQ(Lines(outcome.trace), "TVServiceAPI::CreateAVControl(101, 3) = 0\nIAVControl::RestartVideoDecoder() = 1\n"
+                                    "TVServiceAPI::Destroy(IAVControl)\n");
+    EXPECT_EQ(outcome.err, "");
+}
+
+} // namespace

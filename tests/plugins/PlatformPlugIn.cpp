@@ -1,0 +1,13 @@
+// A plug-in as its author writes one: it calls the platform and shares the console, and links neither.
+#include "tvs-api/TVServiceAPI.h"
+
+#include <cstdio>
+
+extern "C" __attribute__((visibility("default"))) void ht_subdebugmenu()
+{
+    IAVControl* control = nullptr;
+    if (TVServiceAPI::CreateAVControl(PROFILE_PIP, 3, &control) != 0)
+        return;
+    std::printf("RestartVideoDecoder: %d\n", control->RestartVideoDecoder());
+    TVServiceAPI::Destroy(control);
+}
