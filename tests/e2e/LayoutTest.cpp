@@ -14,12 +14,12 @@ std::string Exports(const std::string& file)
 
 TEST(Layout, TheToolExportsWhatPlugInsCall)
 {
-    EXPECT_EQ(Exports(kToolPath), "TCDebugMenuTPMS::Enter()\nTCDebugMenuTPMS::TCDebugMenuTPMS()\n");
+    EXPECT_EQ(Exports("$TOOL"), "TCDebugMenuTPMS::Enter()\nTCDebugMenuTPMS::TCDebugMenuTPMS()\n");
 }
 
 TEST(Layout, TheLibrariesExportWhatTheirHeadersDeclare)
 {
-    const std::string folder = std::string(kSysrootPath) + "/usr/lib/lib";
+    const std::string folder = SYSROOT_PATH "/usr/lib/lib";
     EXPECT_EQ(Exports(folder + "vconf.so"), "vconf_get_int\n");
     EXPECT_EQ(Exports(folder + "debugmenu-utility.so"),
               "TCDebugMenuUtility::IsNumber(std::__cxx11::basic_string<char, std::char_traits<char>, "
@@ -33,7 +33,7 @@ TEST(Layout, TheLibrariesExportWhatTheirHeadersDeclare)
 
 TEST(Layout, APlugInCallsThePlatform)
 {
-    const Outcome outcome = RunTool("6\n", "", {{"DEBUGMENU_SYSROOT", kPlugInSysrootPath}});
+    const Outcome outcome = RunTool("6\n", "", {{"DEBUGMENU_SYSROOT", PLUG_IN_SYSROOT_PATH}});
     EXPECT_EQ(outcome.out, "DebugUtil\n" + kTopMenu + "executing: TVS HT Debug\nRestartVideoDecoder: 1\n" + kTopMenu);
     EXPECT_EQ(Lines(outcome.trace), "TVServiceAPI::CreateAVControl(101, 3) = 0\nIAVControl::RestartVideoDecoder() = 1\n"
                                     "TVServiceAPI::Destroy(IAVControl)\n");

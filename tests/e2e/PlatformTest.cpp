@@ -2,10 +2,14 @@
 #include "support/Screens.h"
 #include "support/Tool.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace
 {
+
+using testing::Contains;
+using testing::EndsWith;
+using testing::StartsWith;
 
 TEST(Platform, RefusesAScenarioThatCannotBeUsed)
 {
@@ -42,8 +46,8 @@ TEST(Platform, RefusesAScenarioThatCannotBeUsed)
         const Outcome outcome = RunTool("99\n", c.text);
         EXPECT_EQ(outcome.status, 2) << c.text;
         EXPECT_EQ(outcome.out, "") << c.text;
-        EXPECT_EQ(outcome.err.rfind("scenario /tmp/", 0), 0U) << outcome.err;
-        EXPECT_EQ(outcome.err.substr(outcome.err.find("/scenario") + 9), c.reason) << c.text;
+        EXPECT_THAT(outcome.err, StartsWith("scenario /tmp/")) << c.text;
+        EXPECT_THAT(outcome.err, EndsWith(std::string("/scenario") + c.reason)) << c.text;
     }
 }
 
@@ -74,8 +78,8 @@ TEST(Platform, ResultsStandForTheWork)
     const Outcome outcome =
         RunTool("5 6 0 13 7 0 99 99", "[result]\nISourceControl::SetSource=-3\nISourceControl::GetSource=2\n");
     EXPECT_NE(outcome.out.find("*****Source[0]*****\n"), std::string::npos);
-    EXPECT_EQ(outcome.trace.at(1), "ISourceControl::SetSource(13, \"\") = -3");
-    EXPECT_EQ(outcome.trace.at(4), "ISourceControl::GetSource() = 2");
+    EXPECT_THAT(outcome.trace, Contains("ISourceControl::SetSource(13, \"\") = -3"));
+    EXPECT_THAT(outcome.trace, Contains("ISourceControl::GetSource() = 2"));
 }
 
 TEST(Platform, TracesToStandardError)

@@ -2,7 +2,7 @@
 #include "support/Screens.h"
 #include "support/Tool.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace
 {
@@ -73,7 +73,7 @@ TEST(Shell, ReportsAPlugInThatIsNotThere)
     const Outcome outcome = RunTool("6\n2\n", "", {{"DEBUGMENU_SYSROOT", "/nowhere"}});
     EXPECT_EQ(outcome.out, "DebugUtil\n" + kTopMenu + "executing: TVS HT Debug\n" + kTopMenu +
                                "executing: TV Player\nCommand not implemented\n" + kTopMenu);
-    EXPECT_EQ(outcome.err.rfind("/nowhere/usr/lib/libht-debugmenu.so: ", 0), 0U) << outcome.err;
+    EXPECT_THAT(outcome.err, testing::StartsWith("/nowhere/usr/lib/libht-debugmenu.so: "));
     EXPECT_EQ(outcome.status, 0);
 }
 
@@ -85,20 +85,20 @@ TEST(Shell, GoesOnWhenItsReaderIsGone)
     tool.Type("5\n6\n0\n0\n99\n99\n");
     const Outcome outcome = tool.Finish();
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_TRUE(IsBalanced(outcome.trace)) << Lines(outcome.trace);
+    EXPECT_TRUE(IsBalanced(outcome));
     EXPECT_EQ(outcome.trace.size(), 3U);
 }
 
 // A socket of the platform must never be taken for the console.
 TEST(Shell, RunsWithClosedDescriptors)
 {
-    const std::string words = "printf '1\\n99\\n99\\n' | ";
-    EXPECT_EQ(RunShell(std::string(kToolPath) + " <&-; echo $?"), "DebugUtil\n" + kTopMenu + "0\n");
-    EXPECT_EQ(RunShell("{ " + words + kToolPath + " >&-; echo $?; } 2>&1"), "0\n");
-    const std::string withoutErr = RunShell(words + kToolPath + " 2>&-; echo $?");
+    const std::string typed = "printf '1\\n99\\n99\\n' | $TOOL ";
+    EXPECT_EQ(RunShell("$TOOL <&-; echo $?"), "DebugUtil\n" + kTopMenu + "0\n");
+    EXPECT_EQ(RunShell("{ " + typed + ">&-; echo $?; } 2>&1"), "0\n");
+    const std::string withoutErr = RunShell(typed + "2>&-; echo $?");
     EXPECT_NE(withoutErr.find("executing: TVS\n"), std::string::npos);
     EXPECT_EQ(withoutErr.find("Failed"), std::string::npos);
-    EXPECT_EQ(withoutErr.substr(withoutErr.size() - 18), "executing: Exit\n0\n");
+    EXPECT_THAT(withoutErr, testing::EndsWith("executing: Exit\n0\n"));
 }
 
 } // namespace

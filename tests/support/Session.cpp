@@ -1,6 +1,5 @@
 #include "support/Session.h"
 
-#include "support/Screens.h"
 #include "support/Tool.h"
 
 #include <algorithm>
@@ -34,12 +33,4 @@ std::vector<Session> LoadSessions()
     }
     std::sort(sessions.begin(), sessions.end(), [](const Session& a, const Session& b) { return a.name < b.name; });
     return sessions;
-}
-
-std::string FoldMenus(std::string output)
-{
-    for (const auto& [menu, name] : {std::pair(kTopMenu, "<top>\n"), std::pair(kTPMSMenu, "<tpms>\n")})
-        for (std::size_t at = 0; (at = output.find(menu, at)) != std::string::npos;)
-            output.replace(at, menu.size(), name);
-    return output;
 }

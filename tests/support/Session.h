@@ -19,6 +19,3 @@ void PrintTo(const Session& session, std::ostream* stream);
 
 /// All sessions in the folder of recorded sessions, by name.
 std::vector<Session> LoadSessions();
-
-/// The output with the two big menus as <top> and <tpms>, where they stand byte by byte.
-std::string FoldMenus(std::string output);

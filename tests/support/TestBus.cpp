@@ -1,14 +1,8 @@
 #include "support/TestBus.h"
 
-#include "support/Tool.h"
-
-#include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <poll.h>
 #include <stdexcept>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace
@@ -16,58 +10,19 @@ namespace
 
 constexpr const char* kName = "com.kavrin.TVService";
 
-// Starts a program and returns the first line it prints.
-std::string StartAndReadLine(const std::vector<std::string>& command, const Environment& environment, pid_t& pid)
-{
-    int out[2];
-    if (pipe2(out, O_CLOEXEC) != 0)
-        std::abort();
-    pid = Spawn(command, environment, 0, out[1], 2);
-    close(out[1]);
-    std::string line;
-    for (char character = 0; read(out[0], &character, 1) == 1 && character != '\n';)
-        line += character;
-    close(out[0]);
-    return line;
-}
-
-void End(pid_t pid)
-{
-    kill(pid, SIGKILL);
-    waitpid(pid, nullptr, 0);
-}
-
 } // namespace
 
 TestBus::TestBus()
 {
-    char folder[] = "/tmp/debugutil-bus-XXXXXX";
-    m_folder = mkdtemp(folder);
-    m_address = "unix:path=" + m_folder + "/bus";
-    const std::vector<std::string> command = {"dbus-daemon", "--session",       "--nofork",
-                                              "--nopidfile", "--print-address", "--address=" + m_address};
-    if (StartAndReadLine(command, {}, m_daemon).empty())
-        throw std::runtime_error("dbus-daemon does not start");
-}
-
-TestBus::~TestBus()
-{
-    KillService();
-    End(m_daemon);
-    std::filesystem::remove_all(m_folder);
+    m_daemon.Start(
+        {"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address", "--address=" + m_address});
+    m_daemon.WaitFor("\n");
 }
 
 void TestBus::StartService()
 {
-    if (StartAndReadLine({kServicePath}, {{"TVS_BUS", m_address}}, m_service).empty())
-        throw std::runtime_error("tvserviced does not start");
-}
-
-void TestBus::KillService()
-{
-    if (m_service > 0)
-        End(m_service);
-    m_service = -1;
+    m_service.Start({SERVICE_PATH}, {{"TVS_BUS", m_address}});
+    m_service.WaitFor("\n");
 }
 
 std::shared_ptr<sd_bus> TestBus::Connect() const

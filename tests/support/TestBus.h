@@ -1,10 +1,11 @@
 // A D-Bus daemon of the test's own, and a TV service on it that answers as the test wants.
 #pragma once
 
+#include "support/Process.h"
+
 #include <functional>
 #include <memory>
 #include <string>
-#include <sys/types.h>
 #include <systemd/sd-bus.h>
 #include <thread>
 
@@ -12,21 +13,17 @@ class TestBus
 {
 public:
     TestBus();
-    ~TestBus();
-    TestBus(const TestBus&) = delete;
-    TestBus& operator=(const TestBus&) = delete;
 
     const std::string& Address() const { return m_address; }
     void StartService(); ///< the real tvserviced, when it returns the name is owned
-    void KillService();
+    void KillService() { m_service.Kill(); }
     /// Connects a client.
     std::shared_ptr<sd_bus> Connect() const;
 
 private:
-    std::string m_folder;
-    std::string m_address;
-    pid_t m_daemon;
-    pid_t m_service = -1;
+    Process m_daemon;
+    std::string m_address = "unix:path=" + m_daemon.Path("bus");
+    Process m_service;
 };
 
 /// Owns the TV service's name and answers every method with what `fill` appends to the reply; a fill that returns below

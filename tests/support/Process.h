@@ -1,0 +1,50 @@
+// A program on pipes, started by a test, and the folder it works in.
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+using Environment = std::map<std::string, std::string>;
+
+/// A running program and what it has printed. When it does not answer in 60 s (DEBUGUTIL_TEST_PATIENCE sets other
+/// seconds) the test fails and the program is killed, so that nothing waits for it again.
+class Process
+{
+public:
+    Process();
+    ~Process();
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    /// Kills what ran before. Standard error goes to the file "err". Throws std::system_error.
+    void Start(const std::vector<std::string>& command, const Environment& environment = {});
+    void Type(const std::string& words);
+    /// Waits until that text has come, behind the text waited for last.
+    void WaitFor(const std::string& text);
+    /// Ends the input and waits for the exit; returns its status, or minus the signal that ended the program.
+    int End();
+    /// Nobody reads the output from here on.
+    void CloseOutput();
+    void Kill();
+    /// The path of a file in the program's folder, which goes with it.
+    std::string Path(const char* name) const { return m_folder + "/" + name; }
+    pid_t Pid() const { return m_pid; }
+    const std::string& Text() const { return m_text; }
+
+private:
+    using Clock = std::chrono::steady_clock;
+    bool ReadSome(Clock::time_point deadline);
+    void GiveUp(const std::string& reason);
+    std::string m_folder = "/tmp/debugutil-test-XXXXXX";
+    std::string m_name;
+    pid_t m_pid = -1;
+    int m_in = -1;
+    int m_out = -1;
+    std::string m_text;
+    std::size_t m_seen = 0;
+};
+
+std::string ReadFile(const std::string& path);
