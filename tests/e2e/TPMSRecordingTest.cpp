@@ -1,6 +1,6 @@
 // The TPMS menu by recorded sessions: every command, and the end of input behind every word of them.
+#include "support/Recording.h"
 #include "support/Screens.h"
-#include "support/Session.h"
 #include "support/Tool.h"
 
 #include <gmock/gmock.h>
@@ -8,7 +8,7 @@
 namespace
 {
 
-class Recorded : public testing::TestWithParam<Session>
+class Recorded : public testing::TestWithParam<std::string>
 {
 };
 
@@ -30,24 +30,22 @@ std::vector<std::string> Operations(const std::vector<std::string>& trace)
 
 TEST_P(Recorded, IsPlayedToTheLetter)
 {
-    const Session& session = GetParam();
-    const Outcome outcome = RunTool(session.input, session.scenario);
-    EXPECT_EQ(FoldMenus(outcome.out) + "\n", session.output);
-    EXPECT_EQ(Lines(outcome.trace), session.trace);
-    EXPECT_EQ(outcome.err, session.errors);
+    const Recording recording = LoadRecording(GetParam());
+    const Outcome outcome = RunTool(recording.input, recording.scenario);
     EXPECT_EQ(outcome.status, 0);
     EXPECT_TRUE(IsBalanced(outcome));
+    EXPECT_TRUE(IsAsRecorded(recording, outcome));
 }
 
 TEST_P(Recorded, MayEndBehindEveryWord)
 {
-    const Session& session = GetParam();
-    const std::vector<std::string> whole = Operations(RunTool(session.input, session.scenario).trace);
-    const std::vector<std::string> words = Words(session.input);
+    const Recording recording = LoadRecording(GetParam());
+    const std::vector<std::string> whole = Operations(RunTool(recording.input, recording.scenario).trace);
+    const std::vector<std::string> words = Words(recording.input);
     ASSERT_FALSE(words.empty());
     std::string typed = words[0];
     for (std::size_t count = 1; count < words.size() && !HasFailure(); typed += " " + words[count++]) {
-        const Outcome outcome = RunTool(typed, session.scenario);
+        const Outcome outcome = RunTool(typed, recording.scenario);
         EXPECT_EQ(outcome.status, 0) << typed;
         EXPECT_TRUE(IsBalanced(outcome)) << typed;
         // Nothing that the words did not ask for.
@@ -63,8 +61,7 @@ TEST_P(Recorded, MayEndBehindEveryWord)
     }
 }
 
-std::string NameOf(const testing::TestParamInfo<Session>& session) { return session.param.name; }
-
-INSTANTIATE_TEST_SUITE_P(TPMS, Recorded, testing::ValuesIn(LoadSessions()), NameOf);
+INSTANTIATE_TEST_SUITE_P(TPMS, Recorded, testing::ValuesIn(RecordingNames()),
+                         [](const auto& recording) { return recording.param; });
 
 } // namespace
