@@ -3,6 +3,7 @@
 #include "support/Screens.h"
 #include "support/Tool.h"
 
+#include <cstdlib>
 #include <gmock/gmock.h>
 
 namespace
@@ -34,7 +35,10 @@ TEST_P(Recorded, IsPlayedToTheLetter)
     const Outcome outcome = RunTool(recording.input, recording.scenario);
     EXPECT_EQ(outcome.status, 0);
     EXPECT_TRUE(IsBalanced(outcome));
-    EXPECT_TRUE(IsAsRecorded(recording, outcome));
+    if (std::getenv("DEBUGUTIL_RECORD") == nullptr)
+        EXPECT_TRUE(IsAsRecorded(recording, outcome));
+    else if (!HasFailure())
+        Rewrite(recording, outcome);
 }
 
 TEST_P(Recorded, MayEndBehindEveryWord)

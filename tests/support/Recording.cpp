@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 
 namespace
@@ -52,4 +53,9 @@ testing::AssertionResult IsAsRecorded(const Recording& recording, const Outcome&
     diff.Start({"diff", "--unified", "--label=recorded", "--label=seen", PathOf(recording), "-"});
     diff.Type(FileText(recording, outcome));
     return diff.End() == 0 ? testing::AssertionSuccess() : testing::AssertionFailure() << "\n" << diff.Text();
+}
+
+void Rewrite(const Recording& recording, const Outcome& outcome)
+{
+    std::ofstream(PathOf(recording)) << FileText(recording, outcome);
 }

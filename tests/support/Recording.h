@@ -21,3 +21,6 @@ Recording LoadRecording(const std::string& name);
 
 /// The run left behind what the file says; if not, the message is what `diff` shows.
 testing::AssertionResult IsAsRecorded(const Recording& recording, const Outcome& outcome);
+
+/// Writes the file anew with what the run left behind.
+void Rewrite(const Recording& recording, const Outcome& outcome);
