@@ -56,7 +56,7 @@ void TCDebugMenuTPMS::m_Start_Test1_ReferenceCount()
     m_GetTVSHandleByUserInput(&handle, false);
     if (console::InputEnded())
         return;
-    const auto control = CreateSession("CreateReferenceCount failed\n", TVServiceAPI::CreateReferenceCount,
+    const auto control = CreateControl("CreateReferenceCount failed\n", TVServiceAPI::CreateReferenceCount,
                                        handle.profile, handle.screenId);
     if (control)
         m_RunMenu([this] { m_PrintMenu_Test1_ReferenceCount(); }, tpms::kCommandPrompt, kReferenceCountMenu,
@@ -75,7 +75,7 @@ void TCDebugMenuTPMS::m_Start_Test2_MuteControl()
     if (console::InputEnded())
         return;
     const auto control =
-        CreateSession("CreateAVControl failed\n", TVServiceAPI::CreateAVControl, handle.profile, handle.screenId);
+        CreateControl("CreateAVControl failed\n", TVServiceAPI::CreateAVControl, handle.profile, handle.screenId);
     while (control && !console::InputEnded()) {
         m_PrintMenu_Test2_MuteControl();
         const int command = m_SelectCmd(tpms::kCommandPrompt);

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "debugutil/Console.h"
+#include "debugutil/Control.h"
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/Menu.h"
-#include "debugutil/Session.h"
 
 #include <string>
 
@@ -28,29 +28,29 @@ template <class Rows> void PrintMenu(const char* title, const Rows& rows, const 
     console::WriteLine(FrameMenu(frame, title, rows));
 }
 
-inline TCSession<ISourceControl> CreateSourceControl(EProfile profile = PROFILE_MAIN)
+inline TCControl<ISourceControl> CreateSourceControl(EProfile profile = PROFILE_MAIN)
 {
-    return CreateSession("CreateSourceControl failed\n", TVServiceAPI::CreateSourceControl, profile, 0);
+    return CreateControl("CreateSourceControl failed\n", TVServiceAPI::CreateSourceControl, profile, 0);
 }
 
-inline TCSession<IServiceNavigation> CreateServiceNavigation()
+inline TCControl<IServiceNavigation> CreateServiceNavigation()
 {
-    return CreateSession("CreateServiceNavigation failed\n", TVServiceAPI::CreateServiceNavigation, PROFILE_MAIN, 0);
+    return CreateControl("CreateServiceNavigation failed\n", TVServiceAPI::CreateServiceNavigation, PROFILE_MAIN, 0);
 }
 
-inline TCSession<IPipelineUtility> CreatePipelineUtility()
+inline TCControl<IPipelineUtility> CreatePipelineUtility()
 {
-    return CreateSession("CreatePipelineUtility failed\n", TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
+    return CreateControl("CreatePipelineUtility failed\n", TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
 }
 
-inline TCSession<IService> CreateService()
+inline TCControl<IService> CreateService()
 {
-    return CreateSession("CreateService failed\n", TVServiceAPI::CreateService);
+    return CreateControl("CreateService failed\n", TVServiceAPI::CreateService);
 }
 
-inline TCSession<IVideoControl> CreateVideoControl(EProfile profile)
+inline TCControl<IVideoControl> CreateVideoControl(EProfile profile)
 {
-    return CreateSession("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0);
+    return CreateControl("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0);
 }
 
 /// What a menu does with a number that it does not have; the result says whether it goes on.

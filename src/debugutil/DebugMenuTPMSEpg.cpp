@@ -105,10 +105,10 @@ const TCDebugMenuTPMS::TEpgRows& TCDebugMenuTPMS::m_Menu_EpgDataFeeding()
 
 bool TCDebugMenuTPMS::m_EpgDataFeeding()
 {
-    const auto scan = CreateSession("CreateScanControl failed\n", TVServiceAPI::CreateScanControl);
+    const auto scan = CreateControl("CreateScanControl failed\n", TVServiceAPI::CreateScanControl);
     if (!scan)
         return false;
-    const auto guide = CreateSession("CreateServiceGuide failed\n", TVServiceAPI::CreateServiceGuide);
+    const auto guide = CreateControl("CreateServiceGuide failed\n", TVServiceAPI::CreateServiceGuide);
     if (!guide)
         return false;
     const auto navigation = tpms::CreateServiceNavigation();

@@ -19,13 +19,13 @@ void TCDebugMenuTPMS::m_SetTvModeToDigitalAir()
 
 void TCDebugMenuTPMS::m_RestartVideoDecoder()
 {
-    if (const auto control = CreateSession(nullptr, TVServiceAPI::CreateAVControl, PROFILE_MAIN, 0))
+    if (const auto control = CreateControl(nullptr, TVServiceAPI::CreateAVControl, PROFILE_MAIN, 0))
         control->RestartVideoDecoder();
 }
 
 void TCDebugMenuTPMS::m_CheckTunerSignalState()
 {
-    const auto tuner = CreateSession("CreateTunerControl failed\n", TVServiceAPI::CreateTunerControl, PROFILE_MAIN, 0);
+    const auto tuner = CreateControl("CreateTunerControl failed\n", TVServiceAPI::CreateTunerControl, PROFILE_MAIN, 0);
     if (tuner)
         console::WriteLine(tuner->CheckTunerSignalState() > 0 ? " CheckTunerSignalState Success!"
                                                               : " CheckTunerSignalState failed!");
@@ -33,7 +33,7 @@ void TCDebugMenuTPMS::m_CheckTunerSignalState()
 
 void TCDebugMenuTPMS::m_PrintLatestServices()
 {
-    const auto navigation = CreateSession(nullptr, TVServiceAPI::CreateServiceNavigation, PROFILE_MAIN, 0);
+    const auto navigation = CreateControl(nullptr, TVServiceAPI::CreateServiceNavigation, PROFILE_MAIN, 0);
     if (!navigation)
         return;
     const TSTvMode cable(ANTENNA_MODE_CABLE, SERVICE_MODE_DTV);

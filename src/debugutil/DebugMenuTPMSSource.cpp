@@ -161,7 +161,7 @@ void TCDebugMenuTPMS::m_SetPreviewSource(bool withService)
 
 bool TCDebugMenuTPMS::m_InvalidServiceTest()
 {
-    TCSession<ISourceControl> control; // released after the navigation, though made after it
+    TCControl<ISourceControl> control; // released after the navigation, though made after it
     const auto navigation = tpms::CreateServiceNavigation();
     if (!navigation)
         return false;

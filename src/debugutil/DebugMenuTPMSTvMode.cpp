@@ -82,7 +82,7 @@ void TCDebugMenuTPMS::m_Start_Test15_SetCropVideoTest()
 void TCDebugMenuTPMS::m_Start_Test16_CheckCaptionExistTest()
 {
     console::WriteLine("Check Caption exist");
-    const auto control = CreateSession("CreateDataControl failed\n", TVServiceAPI::CreateDataControl, PROFILE_MAIN, 0);
+    const auto control = CreateControl("CreateDataControl failed\n", TVServiceAPI::CreateDataControl, PROFILE_MAIN, 0);
     if (!control)
         return;
     bool exist = false;

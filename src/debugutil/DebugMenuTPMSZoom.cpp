@@ -117,7 +117,7 @@ const TCDebugMenuTPMS::TZoomRows& TCDebugMenuTPMS::m_Menu_ZoomControlTest()
 void TCDebugMenuTPMS::m_ZoomControlTest()
 {
     const auto zoom =
-        CreateSession("ZoomControl interface creation failed!\n", TVServiceAPI::CreateZoomControl, PROFILE_MAIN, 0);
+        CreateControl("ZoomControl interface creation failed!\n", TVServiceAPI::CreateZoomControl, PROFILE_MAIN, 0);
     const auto refuse = [](int) {
         console::WriteLine("Unsupported command!");
         return true;

@@ -1,9 +1,9 @@
 // The TVS debug menu: single operations of the TV service, with values typed in.
 #include "debugmenu/DebugMenuUtility.h"
 #include "debugutil/Console.h"
+#include "debugutil/Control.h"
 #include "debugutil/DebugUtil.h"
 #include "debugutil/Menu.h"
-#include "debugutil/Session.h"
 
 namespace
 {
@@ -16,14 +16,14 @@ constexpr ESignalType kMonitoredSignals[] = {SIGNAL_TUNE_START,     SIGNAL_TUNE_
                                              SIGNAL_SERVICE_LOCKED, SIGNAL_TUNE_STOP,    SIGNAL_RESOLUTION_CHANGED};
 
 // Without a line end, as all failures of this menu: the next menu follows.
-TCSession<ISourceControl> CreateSourceControl(EProfile profile, int screenId)
+TCControl<ISourceControl> CreateSourceControl(EProfile profile, int screenId)
 {
-    return CreateSession("[DebugUtil] TVServiceAPI::CreateSourceControl fail", TVServiceAPI::CreateSourceControl,
+    return CreateControl("[DebugUtil] TVServiceAPI::CreateSourceControl fail", TVServiceAPI::CreateSourceControl,
                          profile, screenId);
 }
 
 // Asks for the SubID and makes the source control of that screen.
-TCSession<ISourceControl> CreateSourceControlOfTypedSubId(std::int32_t& subId)
+TCControl<ISourceControl> CreateSourceControlOfTypedSubId(std::int32_t& subId)
 {
     console::Write(std::string(kLongStars) + "*****Select SubID*****\n" + kLongStars);
     const auto typed = console::AskNumber(kInputPrompt);
@@ -78,7 +78,7 @@ void SizeControl()
         *next++ = *value;
     }
     const auto [x, y, width, height] = values;
-    if (const auto video = CreateSession("[DebugUtil] TVServiceAPI::CreateVideoControl fail",
+    if (const auto video = CreateControl("[DebugUtil] TVServiceAPI::CreateVideoControl fail",
                                          TVServiceAPI::CreateVideoControl, handle.profile, handle.screenId))
         video->SetVideoSize(x, y, height, width);
 }
@@ -138,7 +138,7 @@ void SetAnalogCleanView()
     const auto on = console::AskNumber(kOnOffPrompt);
     if (!on)
         return;
-    if (const auto control = CreateSession("[DebugUtil] TVServiceAPI::CreateAVControl fail",
+    if (const auto control = CreateControl("[DebugUtil] TVServiceAPI::CreateAVControl fail",
                                            TVServiceAPI::CreateAVControl, PROFILE_MAIN, 0))
         control->SetAnalogCleanView(*on != 0);
 }
@@ -165,7 +165,7 @@ void SetSoundOnVideoCall()
 void GetPIDSetStatus()
 {
     bool set = false;
-    const auto utility = CreateSession("[DebugUtil] TVServiceAPI::CreatePipelineUtility fail",
+    const auto utility = CreateControl("[DebugUtil] TVServiceAPI::CreatePipelineUtility fail",
                                        TVServiceAPI::CreatePipelineUtility, PROFILE_MAIN, 0);
     if (!utility)
         return;

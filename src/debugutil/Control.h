@@ -5,7 +5,6 @@
 #include "tvs-api/TVServiceAPI.h"
 
 #include <exception>
-#include <memory>
 #include <utility>
 
 /// Runs a release at the end of a scope that was entered with that many exceptions on their way. An exception of the
@@ -23,61 +22,61 @@ template <class Release> void ReleaseAtEndOfScope(int exceptionsAtEntry, Release
 }
 
 /// A control object, released at the end of its scope; may be null.
-template <class Control> class TCSession
+template <class Interface> class TCControl
 {
 public:
-    TCSession() = default;
-    explicit TCSession(Control* control) : m_control(control) {}
-    TCSession(TCSession&& other) noexcept : m_control(std::exchange(other.m_control, nullptr)) {}
-    TCSession& operator=(TCSession&& other) noexcept
+    TCControl() = default;
+    explicit TCControl(Interface* control) : m_control(control) {}
+    TCControl(TCControl&& other) noexcept : m_control(std::exchange(other.m_control, nullptr)) {}
+    TCControl& operator=(TCControl&& other) noexcept
     {
         std::swap(m_control, other.m_control);
         return *this;
     }
-    TCSession(const TCSession&) = delete;
-    TCSession& operator=(const TCSession&) = delete;
+    TCControl(const TCControl&) = delete;
+    TCControl& operator=(const TCControl&) = delete;
 
-    ~TCSession() noexcept(false)
+    ~TCControl() noexcept(false)
     {
         if (m_control != nullptr)
             ReleaseAtEndOfScope(m_exceptions, [this] { TVServiceAPI::Destroy(m_control); });
     }
 
     explicit operator bool() const { return m_control != nullptr; }
-    Control* operator->() const { return m_control; }
-    Control& operator*() const { return *m_control; }
+    Interface* operator->() const { return m_control; }
+    Interface& operator*() const { return *m_control; }
 
 private:
-    Control* m_control = nullptr;
-    int m_exceptions = std::uncaught_exceptions();
+    Interface* m_control = nullptr;
+    int m_exceptions = std::uncaught_exceptions(); // of the owner's scope, so it does not move with the object
 };
 
 /// Takes over what a factory returned and wrote. If it failed, prints that text (unless null), releases what there is of
 /// the object and returns null.
-template <class Control> TCSession<Control> AdoptSession(int result, Control* created, const char* failure)
+template <class Interface> TCControl<Interface> AdoptControl(int result, Interface* created, const char* failure)
 {
-    TCSession<Control> session(created);
-    if (result == 0 && session)
-        return session;
+    TCControl<Interface> control(created);
+    if (result == 0 && control)
+        return control;
     if (failure != nullptr)
         console::Write(failure);
     return {};
 }
 
 /// Makes an object for a pipeline; null if the factory fails.
-template <class Control>
-TCSession<Control> CreateSession(const char* failure, int (*factory)(EProfile, int, Control**), EProfile profile,
-                                 int screenId)
+template <class Interface>
+TCControl<Interface> CreateControl(const char* failure, int (*factory)(EProfile, int, Interface**), EProfile profile,
+                                   int screenId)
 {
-    Control* created = nullptr;
+    Interface* created = nullptr;
     const int result = factory(profile, screenId, &created);
-    return AdoptSession(result, created, failure);
+    return AdoptControl(result, created, failure);
 }
 
 /// Makes an object that belongs to no pipeline; null if the factory fails.
-template <class Control> TCSession<Control> CreateSession(const char* failure, int (*factory)(Control**))
+template <class Interface> TCControl<Interface> CreateControl(const char* failure, int (*factory)(Interface**))
 {
-    Control* created = nullptr;
+    Interface* created = nullptr;
     const int result = factory(&created);
-    return AdoptSession(result, created, failure);
+    return AdoptControl(result, created, failure);
 }
