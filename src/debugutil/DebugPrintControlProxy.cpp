@@ -4,6 +4,7 @@
 #include "tvs-api-internal/Diagnostics.h"
 
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -24,12 +25,23 @@ private:
     std::int32_t m_result = kFailed;
 };
 
+// Null rather than an exception: the console is there without the TV service, too.
+std::unique_ptr<TVServiceAPIConnection> OpenConnection()
+{
+    return std::unique_ptr<TVServiceAPIConnection>(new (std::nothrow) TVServiceAPIConnection(
+        "com.kavrin.TVService.SignalIFace", "/com/kavrin/TVService/SignalObject", true));
+}
+
 } // namespace
 
-// NOLINTNEXTLINE(modernize-pass-by-value): the interface takes a reference
 TCDebugPrintControlProxy::TCDebugPrintControlProxy(const std::string& serviceName)
-    : m_serviceName(serviceName), m_pTVSConnection(new (std::nothrow) TVServiceAPIConnection(
-                                      "com.kavrin.TVService.SignalIFace", "/com/kavrin/TVService/SignalObject", true))
+    : TCDebugPrintControlProxy(serviceName, OpenConnection())
+{
+}
+
+TCDebugPrintControlProxy::TCDebugPrintControlProxy(std::string serviceName,
+                                                   std::unique_ptr<TVServiceAPIConnection> connection)
+    : m_serviceName(std::move(serviceName)), m_pTVSConnection(std::move(connection))
 {
     if (m_pTVSConnection == nullptr) {
         _TCApiAssert("m_pTVSConnection", "src/debugutil/DebugPrintControlProxy", 20, nullptr);
@@ -37,9 +49,9 @@ TCDebugPrintControlProxy::TCDebugPrintControlProxy(const std::string& serviceNam
     }
 }
 
-bool TCDebugPrintControlProxy::m_Run(TCMarshallingHelperProxy& call, const char* method, short number)
+bool TCDebugPrintControlProxy::m_Run(TCMarshallingHelperProxy& call, EDebugPrintMethod method)
 {
-    return call.Run(m_pTVSConnection.get(), m_serviceName, method, number, false);
+    return call.Run(m_pTVSConnection.get(), m_serviceName, kDebugPrintMethodNames[method], method, false);
 }
 
 std::int32_t TCDebugPrintControlProxy::Start(std::string& response)
@@ -47,7 +59,7 @@ std::int32_t TCDebugPrintControlProxy::Start(std::string& response)
     TCRemoteCall call;
     TCMarshalableString text(&response);
     call.PushMarshalableClass(MARSHALLING_REPLY, &text);
-    return call.ResultIf(m_Run(call, "Start", 0));
+    return call.ResultIf(m_Run(call, DEBUG_PRINT_START));
 }
 
 std::int32_t TCDebugPrintControlProxy::Execute(const std::string& command, std::string& response)
@@ -57,20 +69,20 @@ std::int32_t TCDebugPrintControlProxy::Execute(const std::string& command, std::
     TCMarshalableString text(&response);
     call.PushMarshalableClass(MARSHALLING_REQUEST, &word);
     call.PushMarshalableClass(MARSHALLING_REPLY, &text);
-    return call.ResultIf(m_Run(call, "Execute", 1));
+    return call.ResultIf(m_Run(call, DEBUG_PRINT_EXECUTE));
 }
 
 std::int32_t TCDebugPrintControlProxy::Stop()
 {
     TCRemoteCall call;
-    return call.ResultIf(m_Run(call, "Stop", 2));
+    return call.ResultIf(m_Run(call, DEBUG_PRINT_STOP));
 }
 
 std::int32_t TCDebugPrintControlProxy::Check(std::int32_t& value)
 {
     TCRemoteCall call;
     call.PushValue(MARSHALLING_REPLY, sizeof value, &value);
-    return call.ResultIf(m_Run(call, "Check", 3));
+    return call.ResultIf(m_Run(call, DEBUG_PRINT_CHECK));
 }
 
 std::vector<TSMenuItem> TCDebugPrintControlProxy::GetMenuItems()
@@ -79,7 +91,7 @@ std::vector<TSMenuItem> TCDebugPrintControlProxy::GetMenuItems()
     TCRemoteCall call;
     TCMarshalableMenuItems list(&items, std::make_unique<TCMarshalableNodeCreator>());
     call.PushMarshalableClass(MARSHALLING_REPLY, &list);
-    m_Run(call, "GetMenuItems", 4);
+    m_Run(call, DEBUG_PRINT_GET_MENU_ITEMS);
     return items;
 }
 
@@ -88,21 +100,21 @@ bool TCDebugPrintControlProxy::SetMenuItems(const std::vector<TSMenuItem>& items
     TCRemoteCall call;
     TCMarshalableMenuItems list(ForRequest(items), std::make_unique<TCMarshalableNodeCreator>());
     call.PushMarshalableClass(MARSHALLING_REQUEST, &list);
-    return m_Run(call, "SetMenuItems", 5);
+    return m_Run(call, DEBUG_PRINT_SET_MENU_ITEMS);
 }
 
 bool TCDebugPrintControlProxy::SetMenuItem(const TSMenuItem& item)
 {
     TCRemoteCall call;
     call.PushMarshalableClass(MARSHALLING_REQUEST, ForRequest(item));
-    return m_Run(call, "SetMenuItem", 6);
+    return m_Run(call, DEBUG_PRINT_SET_MENU_ITEM);
 }
 
 bool TCDebugPrintControlProxy::SetQoSEnabled(bool enabled)
 {
     TCRemoteCall call;
     call.PushValue(MARSHALLING_REQUEST, sizeof enabled, &enabled);
-    return m_Run(call, "SetQoSEnabled", 7);
+    return m_Run(call, DEBUG_PRINT_SET_QOS_ENABLED);
 }
 
 bool TCDebugPrintControlProxy::IsQoSEnabled()
@@ -110,7 +122,7 @@ bool TCDebugPrintControlProxy::IsQoSEnabled()
     TCMarshallingHelperProxy call;
     unsigned char answer = 0; // a byte from outside need not be a bool
     call.PushValue(MARSHALLING_REPLY, sizeof answer, &answer);
-    m_Run(call, "IsQoSEnabled", 8);
+    m_Run(call, DEBUG_PRINT_IS_QOS_ENABLED);
     return answer != 0;
 }
 
@@ -119,7 +131,7 @@ bool TCDebugPrintControlProxy::SetDebugMode(EDebugMode mode, bool enable)
     TCRemoteCall call;
     call.PushValue(MARSHALLING_REQUEST, sizeof mode, &mode);
     call.PushValue(MARSHALLING_REQUEST, sizeof enable, &enable);
-    return m_Run(call, "SetDebugMode", 9);
+    return m_Run(call, DEBUG_PRINT_SET_DEBUG_MODE);
 }
 
 bool TCDebugPrintControlProxy::IsDebugModeEnabled(EDebugMode mode)
@@ -128,6 +140,6 @@ bool TCDebugPrintControlProxy::IsDebugModeEnabled(EDebugMode mode)
     unsigned char answer = 0;
     call.PushValue(MARSHALLING_REPLY, sizeof answer, &answer);
     call.PushValue(MARSHALLING_REQUEST, sizeof mode, &mode);
-    m_Run(call, "IsDebugModeEnabled", 10);
+    m_Run(call, DEBUG_PRINT_IS_DEBUG_MODE_ENABLED);
     return answer != 0;
 }

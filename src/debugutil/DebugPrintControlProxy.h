@@ -2,6 +2,7 @@
 #pragma once
 
 #include "debugutil/MenuItem.h"
+#include "tvs-api-internal/DebugPrintMethods.h"
 #include "tvs-api-internal/Messaging.h"
 #include "tvs-api/Types.h"
 
@@ -10,29 +11,34 @@
 #include <string>
 #include <vector>
 
-/// The TV service's remote interface. Each operation is one synchronous remote call; one thread at a time.
+/// The TV service's remote interface. Each operation is one synchronous remote call; one thread at a time. Operations
+/// are appended only. Each says its method's number, which is not its place here.
 class IDebugPrintControl
 {
 public:
     virtual ~IDebugPrintControl() = default;
 
-    /// Opens the remote menu. Above 0: it is open, and `response` holds its first screen. -1: the call failed.
+    /// 0. Opens the remote menu. Above 0: it is open, and `response` holds its first screen. -1: the call failed.
     virtual std::int32_t Start(std::string& response) = 0;
-    /// Sends one word. Above 0: the menu goes on, and `response` holds the next screen. Otherwise it is over.
+    /// 1. Sends one word. Above 0: the menu goes on, and `response` holds the next screen. Otherwise it is over.
     virtual std::int32_t Execute(const std::string& command, std::string& response) = 0;
-    /// Fills in the service's check value. -1: the call failed.
+    /// 3. Fills in the service's check value. -1: the call failed.
     virtual std::int32_t Check(std::int32_t& value) = 0;
-    /// The items as far as the reply filled them; empty without a reply.
+    /// 4. The items as far as the reply filled them; empty without a reply.
     virtual std::vector<TSMenuItem> GetMenuItems() = 0;
-    /// True when the call went through, whatever the service says to it; so for all that return bool and set.
+    /// 5. True when the call went through, whatever the service says to it; so for all that return bool and set.
     virtual bool SetMenuItems(const std::vector<TSMenuItem>& items) = 0;
+    /// 6. Changes the item with that number.
     virtual bool SetMenuItem(const TSMenuItem& item) = 0;
+    /// 7. Switches the service's QoS.
     virtual bool SetQoSEnabled(bool enabled) = 0;
-    /// False also if the call failed.
+    /// 8. False also if the call failed.
     virtual bool IsQoSEnabled() = 0;
+    /// 9. Switches one debug mode of the service.
     virtual bool SetDebugMode(EDebugMode mode, bool enable) = 0;
+    /// 10. False also if the call failed.
     virtual bool IsDebugModeEnabled(EDebugMode mode) = 0;
-    /// Closes the remote menu. -1: the call failed.
+    /// 2. Closes the remote menu. -1: the call failed.
     virtual std::int32_t Stop() = 0;
 };
 
@@ -41,6 +47,8 @@ class TCDebugPrintControlProxy : public IDebugPrintControl
 public:
     /// Opens the messaging connection; without one every call fails.
     explicit TCDebugPrintControlProxy(const std::string& serviceName);
+    /// Takes over that connection. Null is one that could not be made, and is reported as such.
+    TCDebugPrintControlProxy(std::string serviceName, std::unique_ptr<TVServiceAPIConnection> connection);
 
     std::int32_t Start(std::string& response) override;
     std::int32_t Execute(const std::string& command, std::string& response) override;
@@ -55,7 +63,7 @@ public:
     std::int32_t Stop() override;
 
 private:
-    bool m_Run(TCMarshallingHelperProxy& call, const char* method, short number);
+    bool m_Run(TCMarshallingHelperProxy& call, EDebugPrintMethod method);
 
     std::string m_serviceName;
     std::unique_ptr<TVServiceAPIConnection> m_pTVSConnection;

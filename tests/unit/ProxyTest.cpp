@@ -1,28 +1,7 @@
 // The proxy against the embedded service: all eleven operations over the wire.
 #include "debugutil/DebugPrintControlProxy.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <new>
-
-namespace
-{
-
-bool g_nothingLeft = false;
-
-} // namespace
-
-// Lets one test make the allocation of the connection fail.
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    if (g_nothingLeft)
-        return nullptr;
-    try {
-        return ::operator new(size);
-    } catch (...) {
-        return nullptr;
-    }
-}
 
 namespace
 {
@@ -120,9 +99,7 @@ TEST(Proxy, LivesWithoutAConnection)
 {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    g_nothingLeft = true;
-    TCDebugPrintControlProxy proxy(kInterface);
-    g_nothingLeft = false;
+    TCDebugPrintControlProxy proxy(kInterface, nullptr);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "ASSERT!!! - function TCDebugPrintControlProxy, line 20");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "ASSERT m_pTVSConnection at src/debugutil/DebugPrintControlProxy:20\n");

@@ -1,0 +1,35 @@
+// The methods of com.kavrin.IDebugPrintControl, the remote interface to the TV service's own debug menu.
+#pragma once
+
+/// The number of a method, sent with every call beside its name. Consoles and services of different ages meet, so
+/// methods are appended only: a number is neither changed nor used again.
+enum EDebugPrintMethod : short {
+    DEBUG_PRINT_START = 0,
+    DEBUG_PRINT_EXECUTE = 1,
+    DEBUG_PRINT_STOP = 2,
+    DEBUG_PRINT_CHECK = 3,
+    DEBUG_PRINT_GET_MENU_ITEMS = 4,
+    DEBUG_PRINT_SET_MENU_ITEMS = 5,
+    DEBUG_PRINT_SET_MENU_ITEM = 6,
+    DEBUG_PRINT_SET_QOS_ENABLED = 7,
+    DEBUG_PRINT_IS_QOS_ENABLED = 8,
+    DEBUG_PRINT_SET_DEBUG_MODE = 9,
+    DEBUG_PRINT_IS_DEBUG_MODE_ENABLED = 10,
+};
+
+/// The name of each method; its place is its number.
+constexpr const char* kDebugPrintMethodNames[] = {
+    "Start",              // 0
+    "Execute",            // 1
+    "Stop",               // 2
+    "Check",              // 3
+    "GetMenuItems",       // 4
+    "SetMenuItems",       // 5
+    "SetMenuItem",        // 6
+    "SetQoSEnabled",      // 7
+    "IsQoSEnabled",       // 8
+    "SetDebugMode",       // 9
+    "IsDebugModeEnabled", // 10
+};
+static_assert(sizeof kDebugPrintMethodNames / sizeof *kDebugPrintMethodNames == DEBUG_PRINT_IS_DEBUG_MODE_ENABLED + 1,
+              "a name for every number");
