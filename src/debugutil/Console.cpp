@@ -18,7 +18,11 @@ constexpr int kLongestWord = 1 << 20;
 
 void Write(const std::string& text) { std::cout << text << std::flush; }
 
-void WriteLine(std::string text) { Write(text += '\n'); }
+void WriteLine(std::string text)
+{
+    text += '\n';
+    Write(text);
+}
 
 bool ReadWord(std::string& word)
 {
@@ -27,7 +31,8 @@ bool ReadWord(std::string& word)
     if (word.size() == kLongestWord) {
         // Not from a human hand. Its rest must become neither memory nor a word of its own.
         std::streambuf& input = *std::cin.rdbuf();
-        for (int next = input.sgetc(); next != std::char_traits<char>::eof() && std::isspace(next) == 0;)
+        int next = input.sgetc();
+        while (next != std::char_traits<char>::eof() && std::isspace(next) == 0)
             next = input.snextc();
     }
     return true;
@@ -42,7 +47,7 @@ bool Ask(const std::string& prompt, std::string& word)
 std::optional<std::int32_t> AskNumber(const std::string& prompt)
 {
     std::string word;
-    if (!Ask(prompt, word))
+    if (InputEnded() || !Ask(prompt, word))
         return std::nullopt;
     return ToNumber(word);
 }

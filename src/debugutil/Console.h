@@ -21,7 +21,7 @@ bool ReadWord(std::string& word);
 /// Writes the prompt, then reads one word. False at the end of input.
 bool Ask(const std::string& prompt, std::string& word);
 
-/// Asks for a number and converts whatever is typed. None at the end of input.
+/// Asks for a number and converts whatever is typed. None at the end of input; what has ended is not asked again.
 std::optional<std::int32_t> AskNumber(const std::string& prompt);
 
 /// Whether a read has found the end of input.
