@@ -138,43 +138,47 @@ void TCDebugMenuTPMS::m_RunMainMenu()
             continue;
         if (number == kMenuExit)
             return;
-        if (const auto* row = FindRow(m_MainMenu(), number))
+        if (const auto* row = m_MainMenu().Find(number))
             row->run(*this);
         else
             console::WriteLine("Command not recognized");
     }
 }
 
-const TCDebugMenuTPMS::TRows& TCDebugMenuTPMS::m_MainMenu()
+const TCMenu<TCDebugMenuTPMS&>& TCDebugMenuTPMS::m_MainMenu()
 {
-    static const TRows rows = {
-        {1, " 1. Reference Count Test\n", &TCDebugMenuTPMS::m_Start_Test1_ReferenceCount},
-        {2, " 2. AV Mute Test\n", &TCDebugMenuTPMS::m_Start_Test2_MuteControl},
-        {3, " 3. HDMI Anaysis (Capture) test\n", &TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis},
-        {4, " 4. GetCurrentTPMSStatus test\n", &TCDebugMenuTPMS::m_GetCurrentTPMSStatus},
-        {5, " 5. SetTvMode to DTV Air\n", &TCDebugMenuTPMS::m_SetTvModeToDigitalAir},
-        {6, " 6. SetDTVMode test\n", &TCDebugMenuTPMS::m_Start_Test6_SetDTVMode},
-        {7, " 7. SetSource Test\n", &TCDebugMenuTPMS::m_Start_Test7_SetSource},
-        {8, " 8. RestartVideoDecorder\n", &TCDebugMenuTPMS::m_RestartVideoDecoder},
-        {9, " 9. Set AVMode test\n", [](TCDebugMenuTPMS&) {}},
-        {10, " 10. Check Tuner Signal Sate\n", &TCDebugMenuTPMS::m_CheckTunerSignalState},
-        {11, " 11. Get Lastest Channel info\n", &TCDebugMenuTPMS::m_PrintLatestServices},
-        {12, " 12. Preparation Logic Test\n", &TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest},
-        {13, " 13. Preparation SetTvMode with service Id Test\n", &TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest},
-        {14, " 14. Set Crop Video test\n", &TCDebugMenuTPMS::m_Start_Test15_SetCropVideoTest},
-        {15, " 15. Check Caption Exist test\n", &TCDebugMenuTPMS::m_Start_Test16_CheckCaptionExistTest},
-        {16, " 16. SetPreviewSource\n", &TCDebugMenuTPMS::m_Start_Test17_SetPrevieSource},
-        {17, " 17. SIGNAL_TUNE_PREPARATION mechanism\n",
-         &TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism},
-        {18, " 18. Epg Data Feeding\n", &TCDebugMenuTPMS::m_EpgDataFeeding},
-        {19, " 19. IZoomControl test\n", &TCDebugMenuTPMS::m_ZoomControlTest},
-        {20, " 20. InvalidService test\n", &TCDebugMenuTPMS::m_InvalidServiceTest},
-        {21, " 21. Set boot up service\n", &TCDebugMenuTPMS::m_SetBootupService},
+    static const TCMenu<TCDebugMenuTPMS&> table = {
+        tpms::Frame(),
+        "\t[Process Debug List]\t\n",
+        {
+            {1, " 1. Reference Count Test\n", &TCDebugMenuTPMS::m_Start_Test1_ReferenceCount},
+            {2, " 2. AV Mute Test\n", &TCDebugMenuTPMS::m_Start_Test2_MuteControl},
+            {3, " 3. HDMI Anaysis (Capture) test\n", &TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis},
+            {4, " 4. GetCurrentTPMSStatus test\n", &TCDebugMenuTPMS::m_GetCurrentTPMSStatus},
+            {5, " 5. SetTvMode to DTV Air\n", &TCDebugMenuTPMS::m_SetTvModeToDigitalAir},
+            {6, " 6. SetDTVMode test\n", &TCDebugMenuTPMS::m_Start_Test6_SetDTVMode},
+            {7, " 7. SetSource Test\n", &TCDebugMenuTPMS::m_Start_Test7_SetSource},
+            {8, " 8. RestartVideoDecorder\n", &TCDebugMenuTPMS::m_RestartVideoDecoder},
+            {9, " 9. Set AVMode test\n", [](TCDebugMenuTPMS&) {}},
+            {10, " 10. Check Tuner Signal Sate\n", &TCDebugMenuTPMS::m_CheckTunerSignalState},
+            {11, " 11. Get Lastest Channel info\n", &TCDebugMenuTPMS::m_PrintLatestServices},
+            {12, " 12. Preparation Logic Test\n", &TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest},
+            {13, " 13. Preparation SetTvMode with service Id Test\n", &TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest},
+            {14, " 14. Set Crop Video test\n", &TCDebugMenuTPMS::m_Start_Test15_SetCropVideoTest},
+            {15, " 15. Check Caption Exist test\n", &TCDebugMenuTPMS::m_Start_Test16_CheckCaptionExistTest},
+            {16, " 16. SetPreviewSource\n", &TCDebugMenuTPMS::m_Start_Test17_SetPrevieSource},
+            {17, " 17. SIGNAL_TUNE_PREPARATION mechanism\n",
+             &TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism},
+            {18, " 18. Epg Data Feeding\n", &TCDebugMenuTPMS::m_EpgDataFeeding},
+            {19, " 19. IZoomControl test\n", &TCDebugMenuTPMS::m_ZoomControlTest},
+            {20, " 20. InvalidService test\n", &TCDebugMenuTPMS::m_InvalidServiceTest},
+            {21, " 21. Set boot up service\n", &TCDebugMenuTPMS::m_SetBootupService},
+        },
     };
-    return rows;
+    return table;
 }
 
-void TCDebugMenuTPMS::m_PrintMainMenu() { tpms::PrintMenu("\t[Process Debug List]\t\n", m_MainMenu()); }
+void TCDebugMenuTPMS::m_PrintMainMenu() { tpms::PrintMenu(m_MainMenu()); }
 
 int TCDebugMenuTPMS::m_StrToInt(const std::string& text, bool* ok)
 {
@@ -195,6 +199,8 @@ int TCDebugMenuTPMS::m_SelectCmd(const std::string& prompt)
     const int number = m_StrToInt(word, &isNumber);
     return isNumber ? number : tpms::kNoAnswer;
 }
+
+unsigned short TCDebugMenuTPMS::m_SelectMajor() { return static_cast<unsigned short>(m_SelectCmd("major> ")); }
 
 void TCDebugMenuTPMS::m_GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile)
 {

@@ -1,14 +1,21 @@
-// The TPMS test menu: numbered tests of the TV service's playback, tuning and service navigation.
+// The TPMS test menu: numbered tests of the TV service's playback, tuning and service navigation. A plug-in makes one
+// and calls Enter; it needs none of the platform's headers for that.
 #pragma once
 
-#include "debugutil/Menu.h"
-#include "tvs-api/TVServiceAPI.h"
-
-#include <functional>
-#include <initializer_list>
+#include <cstdint>
+#include <list>
 #include <string>
+#include <utility>
 
 #define DEBUGUTIL_EXPORT __attribute__((visibility("default")))
+
+class IPipelineUtility;
+class IServiceNavigation;
+class ISignalSubscriber;
+enum EAntennaMode : std::int32_t;
+enum EProfile : std::int32_t;
+struct TVSHandle;
+template <class... Arguments> class TCMenu;
 
 class TCDebugMenuTPMS
 {
@@ -21,30 +28,28 @@ public:
     DEBUGUTIL_EXPORT void Enter();
 
 private:
-    struct TSEpgControls;
-    using TRows = TMenuRows<TCDebugMenuTPMS&>;
-    using TPreparationRows = TMenuRows<TCDebugMenuTPMS&, IPipelineUtility&>;
-    using TTvModeRows = TMenuRows<TCDebugMenuTPMS&, unsigned short>;
-    using TZoomRows = TMenuRows<TCDebugMenuTPMS&, IZoomControl&>;
-    using TEpgRows = TMenuRows<TCDebugMenuTPMS&, const TSEpgControls&>;
+    // A test keeps the number by which the TV service's people know it, though the commands of the main menu have
+    // moved: command 12 is Test13, and so on up to command 17, which is Test18. m_PrintMenu_... prints a test's menu.
 
     // The shell.
-    static const TRows& m_MainMenu();
+    static const TCMenu<TCDebugMenuTPMS&>& m_MainMenu();
     void m_PrintMainMenu();
     void m_RunMainMenu();
     /// The number at the start of the text; `ok`, unless null, tells whether there is one in the range of int.
     int m_StrToInt(const std::string& text, bool* ok);
     /// Prompts and reads one number; -1 when nothing valid was read. What has ended is not asked again.
     int m_SelectCmd(const std::string& prompt);
-    /// Shows a menu and runs its rows with those arguments, until 99, the end of input, or an unknown number with which
-    /// `onUnknown` does not go on.
-    template <class Rows, class... Arguments>
-    void m_RunMenu(const std::function<void()>& print, const char* prompt, const Rows& rows,
-                   bool (*onUnknown)(int number), Arguments&&... arguments);
+    /// Prompts for a major channel number: the low 16 bits of what was read, so 65535 when nothing valid was.
+    unsigned short m_SelectMajor();
+    /// Prints a menu and runs its rows with those arguments, until 99, the end of input, or an unknown number with
+    /// which `onUnknown` does not go on.
+    template <class Menu, class... Arguments>
+    void m_RunMenu(const Menu& menu, const char* prompt, bool (*onUnknown)(int number), Arguments&... arguments);
     void m_GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile);
 
     // Lookups. Without a service the id is INVALID_SERVICE_ID; "FindService failed" is printed without a line end.
-    bool m_GetServiceList(TServiceList& services, IServiceNavigation* navigation);
+    bool m_GetServiceList(std::list<std::pair<unsigned long long, unsigned int>>& services,
+                          IServiceNavigation* navigation);
     unsigned long long m_GetServiceId(EAntennaMode antenna, unsigned short major);
     unsigned long long m_GetServiceId(unsigned short major);
     int m_GetVconfInt(const char* key, int* value);
@@ -60,13 +65,13 @@ private:
     void m_PrintMenu_Test6_SetDTVMode();
 
     // Source and service selection.
-    static const TRows& m_Menu_Test7_SetSource();
+    static const TCMenu<TCDebugMenuTPMS&>& m_Menu_Test7_SetSource();
     void m_Start_Test7_SetSource();
     void m_PrintMenu_Test7_SetSource();
     void m_SetServiceOnPipeline(EProfile profile);
     void m_SetSourceOnClone();
     void m_BindWindow(EProfile profile);
-    static const TRows& m_Menu_Test17_SetPrevieSource();
+    static const TCMenu<TCDebugMenuTPMS&>& m_Menu_Test17_SetPrevieSource();
     void m_Start_Test17_SetPrevieSource();
     void m_PrintMenu_Test17_SetPrevieSource();
     void m_SetPreviewSource(bool withService);
@@ -78,13 +83,13 @@ private:
     // Tune preparation.
     void m_Start_Test13_PreparationLogicTest();
     void m_PrintMenu_Test13_PreparationLogicTest();
-    static const TPreparationRows& m_Menu_Test18_SignalTunePreparationMechanism();
+    static const TCMenu<TCDebugMenuTPMS&, IPipelineUtility&>& m_Menu_Test18_SignalTunePreparationMechanism();
     void m_Start_Test18_SignalTunePreparationMechanism();
     void m_PrintMenu_Test18_SignalTunePreparationMechanism();
     void m_NotifyReceiverState(IPipelineUtility& utility, const char* application, const char* label);
 
     // TV mode, crop and captions.
-    static const TTvModeRows& m_Menu_Test14_SetTvModeTest();
+    static const TCMenu<TCDebugMenuTPMS&, unsigned short>& m_Menu_Test14_SetTvModeTest();
     void m_Start_Test14_SetTvModeTest();
     void m_PrintMenu_Test14_SetTvModeTest();
     void m_RunSetTvModeTest(EAntennaMode antenna, unsigned short major, bool vc);
@@ -92,17 +97,14 @@ private:
     void m_Start_Test16_CheckCaptionExistTest();
 
     // Zoom windows.
-    static const TZoomRows& m_Menu_ZoomControlTest();
+    class TCZoomTest;
     void m_ZoomControlTest();
     void m_PrintMenu_ZoomControlTest();
-    TSRectInfo m_ReadRect(const std::string& name);
 
     // Guide data and scans.
-    static const TEpgRows& m_Menu_EpgDataFeeding();
+    class TCEpgTest;
     /// False when a control object cannot be made.
     bool m_EpgDataFeeding();
-    void m_AddSignals(std::initializer_list<ESignalType> signals);
-    void m_RemoveSignals(std::initializer_list<ESignalType> signals);
 
     // Commands without a menu of their own.
     void m_GetCurrentTPMSStatus();

@@ -5,39 +5,60 @@
 namespace
 {
 
-const TMenuRows<IReferenceCount&> kReferenceCountMenu = {
-    {1, " 1. Call GetReferenceCount() \n",
-     [](IReferenceCount& control) {
-         int count = -1;
-         control.GetReferenceCount(count);
-         console::WriteLine("Reference count value is: " + std::to_string(count));
-     }},
+void ReportReferenceCount(IReferenceCount& control)
+{
+    int count = -1;
+    control.GetReferenceCount(count);
+    console::WriteLine("Reference count value is: " + std::to_string(count));
+}
+
+const TCMenu<IReferenceCount&> kReferenceCountMenu = {
+    tpms::Frame(),
+    "\t[Test1 List - Reference Count]\t\n",
+    {
+        {1, " 1. Call GetReferenceCount() \n", ReportReferenceCount},
+    },
 };
 
-const TMenuRows<IAVControl&, int> kMuteMenu = {
-    {1, " 1. call IAVControl::MuteVudio \n", &IAVControl::MuteVideo},
-    {2, " 2. call IAVControl::MuteAudio \n", &IAVControl::MuteAudio},
+const TCMenu<IAVControl&, int> kMuteMenu = {
+    tpms::Frame(),
+    "\t[Test1 List - Video Mute Control]\t\n",
+    {
+        {1, " 1. call IAVControl::MuteVudio \n", &IAVControl::MuteVideo},
+        {2, " 2. call IAVControl::MuteAudio \n", &IAVControl::MuteAudio},
+    },
 };
 
-const TMenuRows<ISourceControl&, ESource> kHDMIMenu = {
-    {1, " 1. call ISourceControl::StartHDMIAnalysis \n", &ISourceControl::StartHDMIAnalysis},
-    {2, " 2. call ISourceControl::StopHDMIAnalysis \n", &ISourceControl::StopHDMIAnalysis},
+const TCMenu<ISourceControl&, ESource> kHDMIMenu = {
+    tpms::Frame(),
+    "\t[Test3 List - HDMI Analysis]\t\n",
+    {
+        {1, " 1. call ISourceControl::StartHDMIAnalysis \n", &ISourceControl::StartHDMIAnalysis},
+        {2, " 2. call ISourceControl::StopHDMIAnalysis \n", &ISourceControl::StopHDMIAnalysis},
+    },
 };
 
-template <EDTVMode mode, bool on> void SetDTVMode(IServiceNavigation& navigation) { navigation.SetDTVMode(mode, on); }
-
-const TMenuRows<IServiceNavigation&> kDTVModeMenu = {
-    {1, " 1. call IServiceNavigation::SetDTVMode(DTV_MODE_DEMUX_ONLY,true) \n", SetDTVMode<DTV_MODE_DEMUX_ONLY, true>},
-    {2, " 2. call IServiceNavigation::SetDTVMode(DTV_MODE_DEMUX_ONLY,false) \n",
-     SetDTVMode<DTV_MODE_DEMUX_ONLY, false>},
-    {3, " 3. call IServiceNavigation::SetDTVMode(DTV_MODE_AUDIO_ONLY,true) \n", SetDTVMode<DTV_MODE_AUDIO_ONLY, true>},
-    {4, " 4. call IServiceNavigation::SetDTVMode(DTV_MODE_AUDIO_ONLY,false) \n",
-     SetDTVMode<DTV_MODE_AUDIO_ONLY, false>},
-    {5, " 5. call IServiceNavigation::SetDTVMode(DTV_MODE_VIDEO_ONLY,true) \n", SetDTVMode<DTV_MODE_VIDEO_ONLY, true>},
-    {6, " 6. call IServiceNavigation::SetDTVMode(DTV_MODE_VIDEO_ONLY,false) \n",
-     SetDTVMode<DTV_MODE_VIDEO_ONLY, false>},
-    {7, " 7. call IServiceNavigation::SetDTVMode(DTV_MODE_ALL,true) \n", SetDTVMode<DTV_MODE_ALL, true>},
-    {8, " 8. call IServiceNavigation::SetDTVMode(DTV_MODE_ALL,false) \n", SetDTVMode<DTV_MODE_ALL, false>},
+const TCMenu<IServiceNavigation&> kDTVModeMenu = {
+    tpms::Frame(),
+    "\t[Test6 List - DTV Mode Test]\t\n",
+    {
+        {1, " 1. call IServiceNavigation::SetDTVMode(DTV_MODE_DEMUX_ONLY,true) \n",
+         [](IServiceNavigation& navigation) { navigation.SetDTVMode(DTV_MODE_DEMUX_ONLY, true); }},
+        {2, " 2. call IServiceNavigation::SetDTVMode(DTV_MODE_DEMUX_ONLY,false) \n",
+         [](IServiceNavigation& navigation) { navigation.SetDTVMode(DTV_MODE_DEMUX_ONLY, false); }},
+        {3, " 3. call IServiceNavigation::SetDTVMode(DTV_MODE_AUDIO_ONLY,true) \n",
+         [](IServiceNavigation& navigation) { navigation.SetDTVMode(DTV_MODE_AUDIO_ONLY, true); }},
+        {4, " 4. call IServiceNavigation::SetDTVMode(DTV_MODE_AUDIO_ONLY,false) \n",
+         [](IServiceNavigation& navigation) { navigation.SetDTVMode(DTV_MODE_AUDIO_ONLY, false); }},
+        {5, " 5. call IServiceNavigation::SetDTVMode(DTV_MODE_VIDEO_ONLY,true) \n",
+         [](IServiceNavigation& navigation) { navigation.SetDTVMode(DTV_MODE_VIDEO_ONLY, true); }},
+        {6, " 6. call IServiceNavigation::SetDTVMode(DTV_MODE_VIDEO_ONLY,false) \n",
+         [](IServiceNavigation& navigation) { navigation.SetDTVMode(DTV_MODE_VIDEO_ONLY, false); }},
+        {7, " 7. call IServiceNavigation::SetDTVMode(DTV_MODE_ALL,true) \n",
+         [](IServiceNavigation& navigation) { navigation.SetDTVMode(DTV_MODE_ALL, true); }},
+        {8, " 8. call IServiceNavigation::SetDTVMode(DTV_MODE_ALL,false) \n",
+         [](IServiceNavigation& navigation) { navigation.SetDTVMode(DTV_MODE_ALL, false); }},
+    },
 };
 
 // This menu's own numbering of the HDMI inputs; anything else is the first.
@@ -59,14 +80,10 @@ void TCDebugMenuTPMS::m_Start_Test1_ReferenceCount()
     const auto control = CreateControl("CreateReferenceCount failed\n", TVServiceAPI::CreateReferenceCount,
                                        handle.profile, handle.screenId);
     if (control)
-        m_RunMenu([this] { m_PrintMenu_Test1_ReferenceCount(); }, tpms::kCommandPrompt, kReferenceCountMenu,
-                  tpms::Ignore, *control);
+        m_RunMenu(kReferenceCountMenu, tpms::kCommandPrompt, tpms::Ignore, *control);
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test1_ReferenceCount()
-{
-    tpms::PrintMenu("\t[Test1 List - Reference Count]\t\n", kReferenceCountMenu);
-}
+void TCDebugMenuTPMS::m_PrintMenu_Test1_ReferenceCount() { tpms::PrintMenu(kReferenceCountMenu); }
 
 void TCDebugMenuTPMS::m_Start_Test2_MuteControl()
 {
@@ -86,15 +103,12 @@ void TCDebugMenuTPMS::m_Start_Test2_MuteControl()
             continue;
         if (command == kMenuExit)
             return;
-        if (const auto* row = FindRow(kMuteMenu, command))
+        if (const auto* row = kMuteMenu.Find(command))
             row->run(*control, on);
     }
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test2_MuteControl()
-{
-    tpms::PrintMenu("\t[Test1 List - Video Mute Control]\t\n", kMuteMenu);
-}
+void TCDebugMenuTPMS::m_PrintMenu_Test2_MuteControl() { tpms::PrintMenu(kMuteMenu); }
 
 void TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis()
 {
@@ -105,27 +119,20 @@ void TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis()
             return;
         m_PrintMenu_Test3_HDMIAnalysis();
         const int command = m_SelectCmd(tpms::kCommandPrompt);
-        if (const auto* row = FindRow(kHDMIMenu, command))
+        if (const auto* row = kHDMIMenu.Find(command))
             row->run(*control, source);
         else if (command != tpms::kNoAnswer || console::InputEnded())
             return; // any number without a row
     }
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test3_HDMIAnalysis()
-{
-    tpms::PrintMenu("\t[Test3 List - HDMI Analysis]\t\n", kHDMIMenu);
-}
+void TCDebugMenuTPMS::m_PrintMenu_Test3_HDMIAnalysis() { tpms::PrintMenu(kHDMIMenu); }
 
 void TCDebugMenuTPMS::m_Start_Test6_SetDTVMode()
 {
     const auto navigation = tpms::CreateServiceNavigation();
     if (navigation)
-        m_RunMenu([this] { m_PrintMenu_Test6_SetDTVMode(); }, tpms::kCommandPrompt, kDTVModeMenu, tpms::Leave,
-                  *navigation);
+        m_RunMenu(kDTVModeMenu, tpms::kCommandPrompt, tpms::Leave, *navigation);
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test6_SetDTVMode()
-{
-    tpms::PrintMenu("\t[Test6 List - DTV Mode Test]\t\n", kDTVModeMenu);
-}
+void TCDebugMenuTPMS::m_PrintMenu_Test6_SetDTVMode() { tpms::PrintMenu(kDTVModeMenu); }

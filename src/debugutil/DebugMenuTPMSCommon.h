@@ -5,16 +5,16 @@
 #include "debugutil/Control.h"
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/Menu.h"
+#include "tvs-api/TVServiceAPI.h"
 
 #include <string>
 
 namespace tpms
 {
 
-constexpr int kNoAnswer = -1;    // what m_SelectCmd returns for anything but a number
-constexpr int kNoMajor = 0xFFFF; // the low 16 bits of that
+constexpr int kNoAnswer = -1;               // what m_SelectCmd returns for anything but a number
+constexpr unsigned short kNoMajor = 0xFFFF; // the same of m_SelectMajor
 constexpr const char* kCommandPrompt = "cmd> ";
-constexpr const char* kMajorPrompt = "major> ";
 
 inline const TSMenuFrame& Frame()
 {
@@ -23,10 +23,7 @@ inline const TSMenuFrame& Frame()
 }
 
 /// Prints a menu; an empty line follows it.
-template <class Rows> void PrintMenu(const char* title, const Rows& rows, const TSMenuFrame& frame = Frame())
-{
-    console::WriteLine(FrameMenu(frame, title, rows));
-}
+template <class Menu> void PrintMenu(const Menu& menu) { console::WriteLine(menu.Text()); }
 
 inline TCControl<ISourceControl> CreateSourceControl(EProfile profile = PROFILE_MAIN)
 {
@@ -73,16 +70,16 @@ inline void ReportMajor(int major) { console::WriteLine(" for major=" + std::to_
 
 } // namespace tpms
 
-template <class Rows, class... Arguments>
-void TCDebugMenuTPMS::m_RunMenu(const std::function<void()>& print, const char* prompt, const Rows& rows,
-                                bool (*onUnknown)(int number), Arguments&&... arguments)
+template <class Menu, class... Arguments>
+void TCDebugMenuTPMS::m_RunMenu(const Menu& menu, const char* prompt, bool (*onUnknown)(int number),
+                                Arguments&... arguments)
 {
     while (!console::InputEnded()) {
-        print();
+        tpms::PrintMenu(menu);
         const int answer = m_SelectCmd(prompt);
         if (answer == kMenuExit)
             return;
-        if (const auto* row = FindRow(rows, answer))
+        if (const auto* row = menu.Find(answer))
             row->run(arguments...);
         else if (answer != tpms::kNoAnswer && !onUnknown(answer))
             return;

@@ -6,17 +6,16 @@
 #include <chrono>
 #include <cstdint>
 #include <thread>
-
-struct TCDebugMenuTPMS::TSEpgControls {
-    IScanControl& scan;
-    IServiceGuide& guide;
-    IServiceNavigation& navigation;
-};
+#include <vector>
 
 namespace
 {
 
 constexpr std::chrono::milliseconds kLastSignals(1);
+
+const std::vector<ESignalType> kTuneAroundSignals = {SIGNAL_SI_STARTED, SIGNAL_TUNE_AROUND_SERVICE_DONE,
+                                                     SIGNAL_TUNE_AROUND_FINISHED};
+const std::vector<ESignalType> kBarkerChannelSignals = {SIGNAL_SI_STARTED, SIGNAL_BARKER_CHANNEL_TUNE};
 
 TSTvMode CurrentMode() { return {ANTENNA_MODE_UNKNOWN, SERVICE_MODE_UNKNOWN}; }
 
@@ -36,18 +35,67 @@ bool ReadTitle(IServiceGuide& guide, unsigned long long serviceId, unsigned int&
     return program.Title(title, &length);
 }
 
-void ListPrograms(IServiceGuide& guide, IServiceNavigation& navigation)
+} // namespace
+
+// The commands of the menu. Signals that they add stay when the menu is left, as a scan goes on.
+class TCDebugMenuTPMS::TCEpgTest
+{
+public:
+    TCEpgTest(TCDebugMenuTPMS& menu, IScanControl& scan, IServiceGuide& guide, IServiceNavigation& navigation)
+        : m_menu(menu), m_scan(scan), m_guide(guide), m_navigation(navigation)
+    {
+    }
+
+    static const TCMenu<TCEpgTest&>& Menu();
+
+private:
+    void ListPrograms();
+    void CheckTuneAround();
+    void StartTuneAround();
+    void StopTuneAround();
+    void CheckBarkerChannelScan();
+    void StartBarkerChannelScan();
+    void StopBarkerChannelScan();
+
+    void AddSignals(const std::vector<ESignalType>& signals);
+    void RemoveSignals(const std::vector<ESignalType>& signals);
+
+    TCDebugMenuTPMS& m_menu;
+    IScanControl& m_scan;
+    IServiceGuide& m_guide;
+    IServiceNavigation& m_navigation;
+};
+
+const TCMenu<TCDebugMenuTPMS::TCEpgTest&>& TCDebugMenuTPMS::TCEpgTest::Menu()
+{
+    static const TCMenu<TCEpgTest&> table = {
+        tpms::Frame(),
+        "\t[Test18 List - Epg Data Feeding]\t\n",
+        {
+            {1, " 1. Check if programs available\n", &TCEpgTest::ListPrograms},
+            {2, " 2. Is Tune Around Needed\n", &TCEpgTest::CheckTuneAround},
+            {3, " 3. Start Tune Around\n", &TCEpgTest::StartTuneAround},
+            {4, " 4. Stop Tune Around\n", &TCEpgTest::StopTuneAround},
+            {5, " 5. Is Barker Channel scan available\n", &TCEpgTest::CheckBarkerChannelScan},
+            {6, " 6. Start Barker Channel scan\n", &TCEpgTest::StartBarkerChannelScan},
+            {7, " 7. Stop Barker Channel scan\n", &TCEpgTest::StopBarkerChannelScan},
+        },
+    };
+    return table;
+}
+
+void TCDebugMenuTPMS::TCEpgTest::ListPrograms()
 {
     TCCriteriaHelper criteria;
     TCNavigationModeHelper::GetNavigationCriteria(NAVIGATION_MODE_TV, criteria, NAVIGATION_SORT_DEFAULT);
     for (const int field : {tpms::kServiceId, tpms::kFrequency, tpms::kMajor, tpms::kMinor})
         criteria.Fetch(field);
     tpms::TSServiceRecords records;
-    navigation.FindServices(criteria, records.list, CurrentMode(), 0, 0);
+    m_navigation.FindServices(criteria, records.list, CurrentMode(), 0, 0);
     std::uint16_t withTitle = 0; // 16 bits on the set, too: it wraps
     for (const TCServiceData* record : records.list) {
         unsigned int length = 0;
-        if (!ReadTitle(guide, tpms::ReadServiceIdTag(*record), length))
+        if (!ReadTitle(m_guide, tpms::ReadServiceIdTag(*record), length))
             continue;
         ++withTitle;
         const int frequency = tpms::ReadNumberTag(*record, tpms::kFrequency);
@@ -59,48 +107,59 @@ void ListPrograms(IServiceGuide& guide, IServiceNavigation& navigation)
     console::WriteLine("\tno data in " + std::to_string(records.list.size() - withTitle) + " programs");
 }
 
-} // namespace
-
-const TCDebugMenuTPMS::TEpgRows& TCDebugMenuTPMS::m_Menu_EpgDataFeeding()
+void TCDebugMenuTPMS::TCEpgTest::CheckTuneAround()
 {
-    static const TEpgRows rows = {
-        {1, " 1. Check if programs available\n",
-         [](TCDebugMenuTPMS&, const TSEpgControls& controls) { ListPrograms(controls.guide, controls.navigation); }},
-        {2, " 2. Is Tune Around Needed\n",
-         [](TCDebugMenuTPMS& menu, const TSEpgControls& controls) {
-             TServiceList services;
-             if (menu.m_GetServiceList(services, &controls.navigation))
-                 ReportCall("IsTuneAroundNeeded", controls.scan.IsTuneAroundNeeded(services));
-         }},
-        {3, " 3. Start Tune Around\n",
-         [](TCDebugMenuTPMS& menu, const TSEpgControls& controls) {
-             menu.m_AddSignals({SIGNAL_SI_STARTED, SIGNAL_TUNE_AROUND_SERVICE_DONE, SIGNAL_TUNE_AROUND_FINISHED});
-             TServiceList services;
-             if (menu.m_GetServiceList(services, &controls.navigation))
-                 ReportCall("StartTuneAround", controls.scan.StartTuneAround(services, "DebugMenu"));
-         }},
-        {4, " 4. Stop Tune Around\n",
-         [](TCDebugMenuTPMS& menu, const TSEpgControls& controls) {
-             ReportCall("StopManualScan", controls.scan.StopManualScan());
-             menu.m_RemoveSignals({SIGNAL_SI_STARTED, SIGNAL_TUNE_AROUND_SERVICE_DONE, SIGNAL_TUNE_AROUND_FINISHED});
-         }},
-        {5, " 5. Is Barker Channel scan available\n",
-         [](TCDebugMenuTPMS&, const TSEpgControls& controls) {
-             ReportCall("IsBarkerChannelScanAvailable", controls.scan.IsBarkerChannelScanAvailable(CurrentMode()));
-         }},
-        {6, " 6. Start Barker Channel scan\n",
-         [](TCDebugMenuTPMS& menu, const TSEpgControls& controls) {
-             menu.m_AddSignals({SIGNAL_SI_STARTED, SIGNAL_BARKER_CHANNEL_TUNE});
-             ReportCall("StartBarkerChannelScan", controls.scan.StartBarkerChannelScan("", CurrentMode()));
-         }},
-        {7, " 7. Stop Barker Channel scan\n",
-         [](TCDebugMenuTPMS& menu, const TSEpgControls& controls) {
-             ReportCall("StopBarkerChannelScan", controls.scan.StopBarkerChannelScan());
-             std::this_thread::sleep_for(kLastSignals); // a last chance for what the scan reports as it stops
-             menu.m_RemoveSignals({SIGNAL_SI_STARTED, SIGNAL_BARKER_CHANNEL_TUNE});
-         }},
-    };
-    return rows;
+    TServiceList services;
+    if (m_menu.m_GetServiceList(services, &m_navigation))
+        ReportCall("IsTuneAroundNeeded", m_scan.IsTuneAroundNeeded(services));
+}
+
+void TCDebugMenuTPMS::TCEpgTest::StartTuneAround()
+{
+    AddSignals(kTuneAroundSignals);
+    TServiceList services;
+    if (m_menu.m_GetServiceList(services, &m_navigation))
+        ReportCall("StartTuneAround", m_scan.StartTuneAround(services, "DebugMenu"));
+}
+
+void TCDebugMenuTPMS::TCEpgTest::StopTuneAround()
+{
+    ReportCall("StopManualScan", m_scan.StopManualScan());
+    RemoveSignals(kTuneAroundSignals);
+}
+
+void TCDebugMenuTPMS::TCEpgTest::CheckBarkerChannelScan()
+{
+    ReportCall("IsBarkerChannelScanAvailable", m_scan.IsBarkerChannelScanAvailable(CurrentMode()));
+}
+
+void TCDebugMenuTPMS::TCEpgTest::StartBarkerChannelScan()
+{
+    AddSignals(kBarkerChannelSignals);
+    ReportCall("StartBarkerChannelScan", m_scan.StartBarkerChannelScan("", CurrentMode()));
+}
+
+void TCDebugMenuTPMS::TCEpgTest::StopBarkerChannelScan()
+{
+    ReportCall("StopBarkerChannelScan", m_scan.StopBarkerChannelScan());
+    std::this_thread::sleep_for(kLastSignals); // a last chance for what the scan reports as it stops
+    RemoveSignals(kBarkerChannelSignals);
+}
+
+void TCDebugMenuTPMS::TCEpgTest::AddSignals(const std::vector<ESignalType>& signals)
+{
+    if (m_menu.m_signalSubscriber == nullptr)
+        return;
+    for (const ESignalType signal : signals)
+        m_menu.m_signalSubscriber->AddSignal(signal, 0, PROFILE_SCAN, 0, 0);
+}
+
+void TCDebugMenuTPMS::TCEpgTest::RemoveSignals(const std::vector<ESignalType>& signals)
+{
+    if (m_menu.m_signalSubscriber == nullptr)
+        return;
+    for (const ESignalType signal : signals)
+        m_menu.m_signalSubscriber->RemoveSignal(signal, PROFILE_SCAN, 0, 0);
 }
 
 bool TCDebugMenuTPMS::m_EpgDataFeeding()
@@ -114,24 +173,7 @@ bool TCDebugMenuTPMS::m_EpgDataFeeding()
     const auto navigation = tpms::CreateServiceNavigation();
     if (!navigation)
         return false;
-    m_RunMenu([] { tpms::PrintMenu("\t[Test18 List - Epg Data Feeding]\t\n", m_Menu_EpgDataFeeding()); },
-              tpms::kCommandPrompt, m_Menu_EpgDataFeeding(), tpms::Refuse, *this,
-              TSEpgControls{*scan, *guide, *navigation});
+    TCEpgTest test(*this, *scan, *guide, *navigation);
+    m_RunMenu(TCEpgTest::Menu(), tpms::kCommandPrompt, tpms::Refuse, test);
     return true;
-}
-
-void TCDebugMenuTPMS::m_AddSignals(std::initializer_list<ESignalType> signals)
-{
-    if (m_signalSubscriber == nullptr)
-        return;
-    for (const ESignalType signal : signals)
-        m_signalSubscriber->AddSignal(signal, 0, PROFILE_SCAN, 0, 0);
-}
-
-void TCDebugMenuTPMS::m_RemoveSignals(std::initializer_list<ESignalType> signals)
-{
-    if (m_signalSubscriber == nullptr)
-        return;
-    for (const ESignalType signal : signals)
-        m_signalSubscriber->RemoveSignal(signal, PROFILE_SCAN, 0, 0);
 }

@@ -10,47 +10,39 @@ constexpr const char* kApp1 = "org.ostrel.sigtunepreptest1";
 constexpr const char* kApp2 = "org.ostrel.sigtunepreptest2";
 constexpr int kReady = 1;
 
-template <EStateChange kind> void Register(IPipelineUtility& utility)
-{
-    utility.RegisterForStateChange(kind, kApplication, 0);
-}
-
-template <EStateChange kind> void Unregister(IPipelineUtility& utility)
-{
-    utility.UnregisterFromStateChange(kind, kApplication);
-}
-
-template <EStateChange kind> void Notify(IPipelineUtility& utility)
-{
-    utility.NotifyReceiverState(kind, kApplication, kReady, INVALID_SERVICE_ID);
-}
-
-template <EStateChange kind> void CheckPending(IPipelineUtility& utility)
+void CheckPending(IPipelineUtility& utility, EStateChange kind)
 {
     bool pending = false;
     utility.CheckPendingState(kind, pending);
 }
 
-const TMenuRows<IPipelineUtility&> kPreparationMenu = {
-    {1, " 1. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SERVICE \n", Register<STATE_CHANGE_SERVICE>},
-    {2, " 2. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SERVICE \n",
-     Unregister<STATE_CHANGE_SERVICE>},
-    {3, " 3. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SERVICE \n", Notify<STATE_CHANGE_SERVICE>},
-    {4, " 4. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SERVICE \n", CheckPending<STATE_CHANGE_SERVICE>},
-    {0, " ========================================================================= \n", nullptr},
-    {5, " 5. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SOURCE \n", Register<STATE_CHANGE_SOURCE>},
-    {6, " 6. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SOURCE \n",
-     Unregister<STATE_CHANGE_SOURCE>},
-    {7, " 7. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SOURCE \n", Notify<STATE_CHANGE_SOURCE>},
-    {8, " 8. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SOURCE \n", CheckPending<STATE_CHANGE_SOURCE>},
+const TCMenu<IPipelineUtility&> kPreparationMenu = {
+    tpms::Frame(),
+    "\t[Test13 List - Preparation Logic Test]\t\n",
+    {
+        {1, " 1. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SERVICE \n",
+         [](IPipelineUtility& utility) { utility.RegisterForStateChange(STATE_CHANGE_SERVICE, kApplication, 0); }},
+        {2, " 2. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SERVICE \n",
+         [](IPipelineUtility& utility) { utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, kApplication); }},
+        {3, " 3. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SERVICE \n",
+         [](IPipelineUtility& utility) {
+             utility.NotifyReceiverState(STATE_CHANGE_SERVICE, kApplication, kReady, INVALID_SERVICE_ID);
+         }},
+        {4, " 4. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SERVICE \n",
+         [](IPipelineUtility& utility) { CheckPending(utility, STATE_CHANGE_SERVICE); }},
+        {0, " ========================================================================= \n", nullptr},
+        {5, " 5. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SOURCE \n",
+         [](IPipelineUtility& utility) { utility.RegisterForStateChange(STATE_CHANGE_SOURCE, kApplication, 0); }},
+        {6, " 6. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SOURCE \n",
+         [](IPipelineUtility& utility) { utility.UnregisterFromStateChange(STATE_CHANGE_SOURCE, kApplication); }},
+        {7, " 7. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SOURCE \n",
+         [](IPipelineUtility& utility) {
+             utility.NotifyReceiverState(STATE_CHANGE_SOURCE, kApplication, kReady, INVALID_SERVICE_ID);
+         }},
+        {8, " 8. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SOURCE \n",
+         [](IPipelineUtility& utility) { CheckPending(utility, STATE_CHANGE_SOURCE); }},
+    },
 };
-
-// The rules of the mechanism's menu are wider than those of the others.
-const TSMenuFrame& WideFrame()
-{
-    static const TSMenuFrame frame = {" " + std::string(86, '=') + "\n", " " + std::string(86, '-') + "\n"};
-    return frame;
-}
 
 void RegisterApp(IPipelineUtility& utility, const char* application, const char* label)
 {
@@ -86,48 +78,50 @@ void TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest()
 {
     const auto utility = tpms::CreatePipelineUtility();
     if (utility)
-        m_RunMenu([this] { m_PrintMenu_Test13_PreparationLogicTest(); }, tpms::kCommandPrompt, kPreparationMenu,
-                  tpms::Leave, *utility);
+        m_RunMenu(kPreparationMenu, tpms::kCommandPrompt, tpms::Leave, *utility);
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test13_PreparationLogicTest()
-{
-    tpms::PrintMenu("\t[Test13 List - Preparation Logic Test]\t\n", kPreparationMenu);
-}
+void TCDebugMenuTPMS::m_PrintMenu_Test13_PreparationLogicTest() { tpms::PrintMenu(kPreparationMenu); }
 
-const TCDebugMenuTPMS::TPreparationRows& TCDebugMenuTPMS::m_Menu_Test18_SignalTunePreparationMechanism()
+const TCMenu<TCDebugMenuTPMS&, IPipelineUtility&>& TCDebugMenuTPMS::m_Menu_Test18_SignalTunePreparationMechanism()
 {
-    static const TPreparationRows rows = {
-        {1, " 1. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App1)\n",
-         [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
-             RegisterApp(utility, kApp1, "RegisterForStateChange (App1)");
-         }},
-        {2, " 2. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App1)\n",
-         [](TCDebugMenuTPMS& menu, IPipelineUtility& utility) {
-             menu.m_NotifyReceiverState(utility, kApp1, "NotifyReceiverState (App1)");
-         }},
-        {3, " 3. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App1)\n",
-         [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
-             UnregisterApp(utility, kApp1, "UnregisterFromStateChange (App1)");
-         }},
-        {0, WideFrame().thick.c_str(), nullptr},
-        {4, " 4. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App2)\n",
-         [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
-             RegisterApp(utility, kApp2, "RegisterForStateChange (App2)");
-         }},
-        {5, " 5. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App2)\n",
-         [](TCDebugMenuTPMS& menu, IPipelineUtility& utility) {
-             menu.m_NotifyReceiverState(utility, kApp2, "NotifyReceiverState (App2)");
-         }},
-        {6, " 6. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App2)\n",
-         [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
-             UnregisterApp(utility, kApp2, "UnregisterFromStateChange (App2)");
-         }},
-        {0, WideFrame().thick.c_str(), nullptr},
-        {7, " 7. call [Main Handle] CheckPendingState(STATE_CHANGE_SERVICE) \n",
-         [](TCDebugMenuTPMS&, IPipelineUtility& utility) { ReportPending(utility); }},
+    // Wider rules than those of the other menus.
+    static const TSMenuFrame frame = {" " + std::string(86, '=') + "\n", " " + std::string(86, '-') + "\n"};
+    static const TCMenu<TCDebugMenuTPMS&, IPipelineUtility&> table = {
+        frame,
+        "\t      [Test18 List - SignalTunePreparationMechanism (AIR/CABLE/SAT)]\n",
+        {
+            {1, " 1. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App1)\n",
+             [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
+                 RegisterApp(utility, kApp1, "RegisterForStateChange (App1)");
+             }},
+            {2, " 2. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App1)\n",
+             [](TCDebugMenuTPMS& menu, IPipelineUtility& utility) {
+                 menu.m_NotifyReceiverState(utility, kApp1, "NotifyReceiverState (App1)");
+             }},
+            {3, " 3. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App1)\n",
+             [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
+                 UnregisterApp(utility, kApp1, "UnregisterFromStateChange (App1)");
+             }},
+            {0, frame.thick, nullptr},
+            {4, " 4. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App2)\n",
+             [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
+                 RegisterApp(utility, kApp2, "RegisterForStateChange (App2)");
+             }},
+            {5, " 5. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App2)\n",
+             [](TCDebugMenuTPMS& menu, IPipelineUtility& utility) {
+                 menu.m_NotifyReceiverState(utility, kApp2, "NotifyReceiverState (App2)");
+             }},
+            {6, " 6. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App2)\n",
+             [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
+                 UnregisterApp(utility, kApp2, "UnregisterFromStateChange (App2)");
+             }},
+            {0, frame.thick, nullptr},
+            {7, " 7. call [Main Handle] CheckPendingState(STATE_CHANGE_SERVICE) \n",
+             [](TCDebugMenuTPMS&, IPipelineUtility& utility) { ReportPending(utility); }},
+        },
     };
-    return rows;
+    return table;
 }
 
 void TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism()
@@ -135,15 +129,13 @@ void TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism()
     const auto utility = tpms::CreatePipelineUtility();
     if (!utility)
         return;
-    m_RunMenu([this] { m_PrintMenu_Test18_SignalTunePreparationMechanism(); }, tpms::kCommandPrompt,
-              m_Menu_Test18_SignalTunePreparationMechanism(), tpms::Ignore, *this, *utility);
+    m_RunMenu(m_Menu_Test18_SignalTunePreparationMechanism(), tpms::kCommandPrompt, tpms::Ignore, *this, *utility);
     WithdrawPending(*utility);
 }
 
 void TCDebugMenuTPMS::m_PrintMenu_Test18_SignalTunePreparationMechanism()
 {
-    tpms::PrintMenu("\t      [Test18 List - SignalTunePreparationMechanism (AIR/CABLE/SAT)]\n",
-                    m_Menu_Test18_SignalTunePreparationMechanism(), WideFrame());
+    tpms::PrintMenu(m_Menu_Test18_SignalTunePreparationMechanism());
 }
 
 void TCDebugMenuTPMS::m_NotifyReceiverState(IPipelineUtility& utility, const char* application, const char* label)

@@ -8,11 +8,16 @@ namespace
 constexpr const char* kSelectPrompt = " select num> ";
 constexpr unsigned long long kFixedServiceId = 0xFA0000000002002D;
 
-// The one call of the simple entries on the main pipeline.
-template <class... Arguments> void SetSourceOnMain(Arguments... arguments)
+void SetSourceOnMain(ESource source)
 {
     if (const auto control = tpms::CreateSourceControl())
-        control->SetSource(arguments..., "");
+        control->SetSource(source, "");
+}
+
+void SetServiceOnMain(unsigned long long serviceId)
+{
+    if (const auto control = tpms::CreateSourceControl())
+        control->SetSource(SOURCE_TV, serviceId, "");
 }
 
 // What must happen before a source is forced onto a pipeline that may be in use.
@@ -23,33 +28,42 @@ void PreparePipeline(ISourceControl& control)
     control.ClaimPipeline();
 }
 
-const TMenuRows<IServiceNavigation&, ISourceControl&> kInvalidServiceMenu = {
-    {1, " 1. SetService(INVALID_SERVICE_ID)\n",
-     [](IServiceNavigation& navigation, ISourceControl&) { navigation.SetService(INVALID_SERVICE_ID, 0, 0, ""); }},
-    {2, " 2. SetSource(INVALID_SERVICE_ID)\n",
-     [](IServiceNavigation&, ISourceControl& control) { control.SetSource(SOURCE_TV, INVALID_SERVICE_ID, ""); }},
+const TCMenu<IServiceNavigation&, ISourceControl&> kInvalidServiceMenu = {
+    tpms::Frame(),
+    "\t[Test20 List - InvalidServiceTest]\t\n",
+    {
+        {1, " 1. SetService(INVALID_SERVICE_ID)\n",
+         [](IServiceNavigation& navigation, ISourceControl&) { navigation.SetService(INVALID_SERVICE_ID, 0, 0, ""); }},
+        {2, " 2. SetSource(INVALID_SERVICE_ID)\n",
+         [](IServiceNavigation&, ISourceControl& control) { control.SetSource(SOURCE_TV, INVALID_SERVICE_ID, ""); }},
+    },
 };
 
 } // namespace
 
-const TCDebugMenuTPMS::TRows& TCDebugMenuTPMS::m_Menu_Test7_SetSource()
+const TCMenu<TCDebugMenuTPMS&>& TCDebugMenuTPMS::m_Menu_Test7_SetSource()
 {
-    static const TRows rows = {
-        {1, " 1. call [Main Handle] ISourceControl::SetSource(TV Source)  \n",
-         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_TV); }},
-        {2, " 2. call [Main Handle] ISourceControl::SetSource(HDMI1 Source)  \n",
-         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_HDMI1); }},
-        {3, " 3. call [PIP Handle] ISourceControl::SetSource(TV Source) \n",
-         [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_PIP); }},
-        {4, " 4. call [Main Handle] ISourceControl::SetSource(Component1Source) \n",
-         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_COMP1); }},
-        {5, " 5. call [Main Handle] ISourceControl::SetSource(TV Source, 0xfa0000000002002d) \n",
-         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_TV, kFixedServiceId); }},
-        {6, " 6. call [Clone Handle] ISourceControl::SetSource(TV Source) \n",
-         [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_MAIN); }},
-        {7, " 7. call [Clone Handle] ISourceControl::SetSource(HDMI Source) \n", &TCDebugMenuTPMS::m_SetSourceOnClone},
+    static const TCMenu<TCDebugMenuTPMS&> table = {
+        tpms::Frame(),
+        "\t[Test7 List - SetSource]\t\n",
+        {
+            {1, " 1. call [Main Handle] ISourceControl::SetSource(TV Source)  \n",
+             [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_TV); }},
+            {2, " 2. call [Main Handle] ISourceControl::SetSource(HDMI1 Source)  \n",
+             [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_HDMI1); }},
+            {3, " 3. call [PIP Handle] ISourceControl::SetSource(TV Source) \n",
+             [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_PIP); }},
+            {4, " 4. call [Main Handle] ISourceControl::SetSource(Component1Source) \n",
+             [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_COMP1); }},
+            {5, " 5. call [Main Handle] ISourceControl::SetSource(TV Source, 0xfa0000000002002d) \n",
+             [](TCDebugMenuTPMS&) { SetServiceOnMain(kFixedServiceId); }},
+            {6, " 6. call [Clone Handle] ISourceControl::SetSource(TV Source) \n",
+             [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_MAIN); }},
+            {7, " 7. call [Clone Handle] ISourceControl::SetSource(HDMI Source) \n",
+             &TCDebugMenuTPMS::m_SetSourceOnClone},
+        },
     };
-    return rows;
+    return table;
 }
 
 void TCDebugMenuTPMS::m_Start_Test7_SetSource()
@@ -59,24 +73,21 @@ void TCDebugMenuTPMS::m_Start_Test7_SetSource()
         const int answer = m_SelectCmd(kSelectPrompt);
         if (answer == kMenuExit || console::InputEnded())
             return;
-        const auto* row = FindRow(m_Menu_Test7_SetSource(), answer);
-        if (row == nullptr) // anything else is the first
-            row = &m_Menu_Test7_SetSource().front();
+        const auto* row = m_Menu_Test7_SetSource().Find(answer);
+        if (row == nullptr)
+            row = m_Menu_Test7_SetSource().Find(1); // what anything else stands for
         row->run(*this);
     }
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test7_SetSource()
-{
-    tpms::PrintMenu("\t[Test7 List - SetSource]\t\n", m_Menu_Test7_SetSource());
-}
+void TCDebugMenuTPMS::m_PrintMenu_Test7_SetSource() { tpms::PrintMenu(m_Menu_Test7_SetSource()); }
 
 void TCDebugMenuTPMS::m_SetServiceOnPipeline(EProfile profile)
 {
     const auto control = tpms::CreateSourceControl(profile);
     if (!control)
         return;
-    const auto major = static_cast<unsigned short>(m_SelectCmd(tpms::kMajorPrompt));
+    const unsigned short major = m_SelectMajor();
     if (major == tpms::kNoMajor)
         return;
     const unsigned long long serviceId = m_GetServiceId(ANTENNA_MODE_AIR, major);
@@ -105,27 +116,27 @@ void TCDebugMenuTPMS::m_BindWindow(EProfile profile)
         video->SetWindowId(windowId);
 }
 
-const TCDebugMenuTPMS::TRows& TCDebugMenuTPMS::m_Menu_Test17_SetPrevieSource()
+const TCMenu<TCDebugMenuTPMS&>& TCDebugMenuTPMS::m_Menu_Test17_SetPrevieSource()
 {
-    static const TRows rows = {
-        {1, " 1. call [Main Handle] ISourceControl::SetPreviewSource(ESource)  \n",
-         [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(false); }},
-        {2, " 2. call [Main Handle] ISourceControl::SetPreviewSource(ESource, Major)  \n",
-         [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(true); }},
+    static const TCMenu<TCDebugMenuTPMS&> table = {
+        tpms::Frame(),
+        "\t[Test17 List - SetPreviewSource]\t\n",
+        {
+            {1, " 1. call [Main Handle] ISourceControl::SetPreviewSource(ESource)  \n",
+             [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(/*withService=*/false); }},
+            {2, " 2. call [Main Handle] ISourceControl::SetPreviewSource(ESource, Major)  \n",
+             [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(/*withService=*/true); }},
+        },
     };
-    return rows;
+    return table;
 }
 
 void TCDebugMenuTPMS::m_Start_Test17_SetPrevieSource()
 {
-    m_RunMenu([this] { m_PrintMenu_Test17_SetPrevieSource(); }, kSelectPrompt, m_Menu_Test17_SetPrevieSource(),
-              tpms::Ignore, *this);
+    m_RunMenu(m_Menu_Test17_SetPrevieSource(), kSelectPrompt, tpms::Ignore, *this);
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test17_SetPrevieSource()
-{
-    tpms::PrintMenu("\t[Test17 List - SetPreviewSource]\t\n", m_Menu_Test17_SetPrevieSource());
-}
+void TCDebugMenuTPMS::m_PrintMenu_Test17_SetPrevieSource() { tpms::PrintMenu(m_Menu_Test17_SetPrevieSource()); }
 
 void TCDebugMenuTPMS::m_SetPreviewSource(bool withService)
 {
@@ -168,8 +179,7 @@ bool TCDebugMenuTPMS::m_InvalidServiceTest()
     control = tpms::CreateSourceControl();
     if (!control)
         return false;
-    m_RunMenu([] { tpms::PrintMenu("\t[Test20 List - InvalidServiceTest]\t\n", kInvalidServiceMenu); },
-              tpms::kCommandPrompt, kInvalidServiceMenu, tpms::Refuse, *navigation, *control);
+    m_RunMenu(kInvalidServiceMenu, tpms::kCommandPrompt, tpms::Refuse, *navigation, *control);
     return true;
 }
 
@@ -178,7 +188,7 @@ bool TCDebugMenuTPMS::m_SetBootupService()
     const auto navigation = tpms::CreateServiceNavigation();
     if (!navigation)
         return false;
-    const auto major = static_cast<unsigned short>(m_SelectCmd(tpms::kMajorPrompt));
+    const unsigned short major = m_SelectMajor();
     if (major == tpms::kNoMajor)
         return false;
     const unsigned long long serviceId = m_GetServiceId(major);

@@ -3,23 +3,41 @@
 #include "debugutil/DebugMenuTPMSCommon.h"
 #include "debugutil/DebugMenuTPMSLookup.h"
 
-const TCDebugMenuTPMS::TTvModeRows& TCDebugMenuTPMS::m_Menu_Test14_SetTvModeTest()
+const TCMenu<TCDebugMenuTPMS&, unsigned short>& TCDebugMenuTPMS::m_Menu_Test14_SetTvModeTest()
 {
-    const auto switchTo = [](EAntennaMode antenna, bool vc) {
-        return
-            [antenna, vc](TCDebugMenuTPMS& menu, unsigned short major) { menu.m_RunSetTvModeTest(antenna, major, vc); };
+    static const TCMenu<TCDebugMenuTPMS&, unsigned short> table = {
+        {tpms::Frame().thick, tpms::Frame().thin, /*thinUnderTitle=*/false},
+        "\t[Test14 List - SetTvMode with ServiceId Test]\t\n",
+        {
+            {0, " RF case:    \n", nullptr},
+            {1, " 1.  SetTvMode(Air, ch) \n",
+             [](TCDebugMenuTPMS& menu, unsigned short major) {
+                 menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/false);
+             }},
+            {2, " 2.  SetTvMode(Cable, ch) \n",
+             [](TCDebugMenuTPMS& menu, unsigned short major) {
+                 menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/false);
+             }},
+            {3, " 3.  SetTvMode(Satellite, ch) \n",
+             [](TCDebugMenuTPMS& menu, unsigned short major) {
+                 menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/false);
+             }},
+            {0, " VC case:    \n", nullptr},
+            {4, " 4.  SetTvMode(Air, ch) \n",
+             [](TCDebugMenuTPMS& menu, unsigned short major) {
+                 menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/true);
+             }},
+            {5, " 5.  SetTvMode(Cable, ch) \n",
+             [](TCDebugMenuTPMS& menu, unsigned short major) {
+                 menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/true);
+             }},
+            {6, " 6.  SetTvMode(Satellite, ch) \n",
+             [](TCDebugMenuTPMS& menu, unsigned short major) {
+                 menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/true);
+             }},
+        },
     };
-    static const TTvModeRows rows = {
-        {0, " RF case:    \n", nullptr},
-        {1, " 1.  SetTvMode(Air, ch) \n", switchTo(ANTENNA_MODE_AIR, false)},
-        {2, " 2.  SetTvMode(Cable, ch) \n", switchTo(ANTENNA_MODE_CABLE, false)},
-        {3, " 3.  SetTvMode(Satellite, ch) \n", switchTo(ANTENNA_MODE_SATELLITE, false)},
-        {0, " VC case:    \n", nullptr},
-        {4, " 4.  SetTvMode(Air, ch) \n", switchTo(ANTENNA_MODE_AIR, true)},
-        {5, " 5.  SetTvMode(Cable, ch) \n", switchTo(ANTENNA_MODE_CABLE, true)},
-        {6, " 6.  SetTvMode(Satellite, ch) \n", switchTo(ANTENNA_MODE_SATELLITE, true)},
-    };
-    return rows;
+    return table;
 }
 
 void TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest()
@@ -29,23 +47,17 @@ void TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest()
         const int answer = m_SelectCmd(tpms::kCommandPrompt);
         if (answer == tpms::kNoAnswer)
             continue;
-        const auto major =
-            static_cast<unsigned short>(m_SelectCmd(tpms::kMajorPrompt)); // for every answer, 99 included
+        const unsigned short major = m_SelectMajor(); // asked for every answer, 99 included
         if (major == tpms::kNoMajor)
             continue;
-        const auto* row = FindRow(m_Menu_Test14_SetTvModeTest(), answer);
+        const auto* row = m_Menu_Test14_SetTvModeTest().Find(answer);
         if (row == nullptr)
             return; // any number without a row
         row->run(*this, major);
     }
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test14_SetTvModeTest()
-{
-    TSMenuFrame frame = tpms::Frame();
-    frame.thinUnderTitle = false;
-    tpms::PrintMenu("\t[Test14 List - SetTvMode with ServiceId Test]\t\n", m_Menu_Test14_SetTvModeTest(), frame);
-}
+void TCDebugMenuTPMS::m_PrintMenu_Test14_SetTvModeTest() { tpms::PrintMenu(m_Menu_Test14_SetTvModeTest()); }
 
 void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short major, bool vc)
 {

@@ -15,24 +15,132 @@ void ReportApiResult(const std::string& outcome, int result)
 
 std::string Bracketed(int value) { return "[" + std::to_string(value) + "]"; }
 
-void ReportAvailable(IZoomControl& zoom)
+bool RefuseCommand(int /*number*/)
+{
+    console::WriteLine("Unsupported command!");
+    return true;
+}
+
+} // namespace
+
+// The commands of the zoom menu.
+class TCDebugMenuTPMS::TCZoomTest
+{
+public:
+    TCZoomTest(TCDebugMenuTPMS& menu, IZoomControl& zoom) : m_menu(menu), m_zoom(zoom) {}
+
+    static const TCMenu<TCZoomTest&>& Menu();
+
+private:
+    using TWindowSwitch = int (IZoomControl::*)(std::vector<int> ids, bool on);
+    using TWindowQuestion = int (IZoomControl::*)(int windowId, bool& answer);
+
+    void CheckAvailable();
+    void CheckSharingType();
+    void CreateWindow();
+    void DeleteWindow();
+    void SwitchWindow(TWindowSwitch operation, const char* outcome);
+    void AskWindow(TWindowQuestion operation, const char* outcome);
+    void ResizeWindow();
+    void ListWindows();
+
+    TSRectInfo ReadRect(const std::string& name);
+
+    TCDebugMenuTPMS& m_menu;
+    IZoomControl& m_zoom;
+};
+
+const TCMenu<TCDebugMenuTPMS::TCZoomTest&>& TCDebugMenuTPMS::TCZoomTest::Menu()
+{
+    static const TCMenu<TCZoomTest&> table = {
+        tpms::Frame(),
+        "\t[Test19 List - IZoomControl]\t\n",
+        {
+            {1, " 1. Check if zoom available\n", &TCZoomTest::CheckAvailable},
+            {2, " 2. Check available zoom sharing type\n", &TCZoomTest::CheckSharingType},
+            {3, " 3. Create zoom window\n", &TCZoomTest::CreateWindow},
+            {4, " 4. Delete zoom window\n", &TCZoomTest::DeleteWindow},
+            {5, " 5. Set zoom window (ON/OFF)\n",
+             [](TCZoomTest& test) { test.SwitchWindow(&IZoomControl::SetZoomWindow, "Window set!"); }},
+            {6, " 6. Mute/unmute zoom window\n",
+             [](TCZoomTest& test) { test.SwitchWindow(&IZoomControl::MuteZoomWindow, "Window muted!"); }},
+            {7, " 7. Check if zoom window started\n",
+             [](TCZoomTest& test) { test.AskWindow(&IZoomControl::IsZoomWindowStarted, "Is window started"); }},
+            {8, " 8. Check if zoom window muted\n",
+             [](TCZoomTest& test) { test.AskWindow(&IZoomControl::IsZoomWindowMuted, "Is window muted"); }},
+            {9, " 9. Set zoom window src-dst\n", &TCZoomTest::ResizeWindow},
+            {10, " 10. Get connected zoom windows\n", &TCZoomTest::ListWindows},
+        },
+    };
+    return table;
+}
+
+void TCDebugMenuTPMS::TCZoomTest::CheckAvailable()
 {
     bool available = false;
-    const int result = zoom.IsZoomAvailable(available);
+    const int result = m_zoom.IsZoomAvailable(available);
     ReportApiResult("Zoom available" + Bracketed(available), result);
 }
 
-void ReportSharingType(IZoomControl& zoom)
+void TCDebugMenuTPMS::TCZoomTest::CheckSharingType()
 {
     int type = 0;
-    const int result = zoom.GetZoomSharingAvailableType(type);
+    const int result = m_zoom.GetZoomSharingAvailableType(type);
     ReportApiResult("Zoom sharing available type" + Bracketed(type), result);
 }
 
-void ReportConnected(IZoomControl& zoom)
+void TCDebugMenuTPMS::TCZoomTest::CreateWindow()
+{
+    const TSRectInfo source = ReadRect("Src");
+    const TSRectInfo destination = ReadRect("Dst");
+    const TSRectInfo main = ReadRect("Main");
+    if (console::InputEnded())
+        return;
+    int handle = -1;
+    const int result = m_zoom.CreateZoomWindow(handle, source, destination, main);
+    ReportApiResult("Created window handle" + Bracketed(handle), result);
+}
+
+void TCDebugMenuTPMS::TCZoomTest::DeleteWindow()
+{
+    const int id = m_menu.m_SelectCmd(kWindowPrompt);
+    const TSRectInfo main = ReadRect("Main");
+    if (!console::InputEnded())
+        ReportApiResult("Window destroy!", m_zoom.DeleteZoomWindow({id}, main));
+}
+
+void TCDebugMenuTPMS::TCZoomTest::SwitchWindow(TWindowSwitch operation, const char* outcome)
+{
+    const int id = m_menu.m_SelectCmd(kWindowPrompt);
+    const bool on = m_menu.m_SelectCmd(kOnOffPrompt) != 0;
+    if (!console::InputEnded())
+        ReportApiResult(outcome, (m_zoom.*operation)({id}, on));
+}
+
+void TCDebugMenuTPMS::TCZoomTest::AskWindow(TWindowQuestion operation, const char* outcome)
+{
+    const int id = m_menu.m_SelectCmd(kWindowPrompt);
+    if (console::InputEnded())
+        return;
+    bool answer = false;
+    const int result = (m_zoom.*operation)(id, answer);
+    ReportApiResult(outcome + Bracketed(answer), result);
+}
+
+void TCDebugMenuTPMS::TCZoomTest::ResizeWindow()
+{
+    const int id = m_menu.m_SelectCmd(kWindowPrompt);
+    const TSRectInfo source = ReadRect("Src");
+    const TSRectInfo destination = ReadRect("Dst");
+    const TSRectInfo main = ReadRect("Main");
+    if (!console::InputEnded())
+        ReportApiResult("Window size updated!", m_zoom.UpdateZoomWindowSize(id, source, destination, main));
+}
+
+void TCDebugMenuTPMS::TCZoomTest::ListWindows()
 {
     std::vector<int> ids;
-    const int result = zoom.GetConnectedZoomWindows(ids);
+    const int result = m_zoom.GetConnectedZoomWindows(ids);
     console::WriteLine("GetConnectedZoomWindows API ret[" + std::to_string(result));
     std::string list;
     for (const int id : ids)
@@ -40,94 +148,24 @@ void ReportConnected(IZoomControl& zoom)
     console::WriteLine("Connected window ids = [" + list + "]");
 }
 
-} // namespace
-
-TSRectInfo TCDebugMenuTPMS::m_ReadRect(const std::string& name)
+TSRectInfo TCDebugMenuTPMS::TCZoomTest::ReadRect(const std::string& name)
 {
     TSRectInfo rectangle;
-    rectangle.x = m_SelectCmd(name + "X = ");
-    rectangle.y = m_SelectCmd(name + "Y = ");
-    rectangle.width = m_SelectCmd(name + "Width = ");
-    rectangle.height = m_SelectCmd(name + "Height = ");
+    rectangle.x = m_menu.m_SelectCmd(name + "X = ");
+    rectangle.y = m_menu.m_SelectCmd(name + "Y = ");
+    rectangle.width = m_menu.m_SelectCmd(name + "Width = ");
+    rectangle.height = m_menu.m_SelectCmd(name + "Height = ");
     return rectangle;
-}
-
-const TCDebugMenuTPMS::TZoomRows& TCDebugMenuTPMS::m_Menu_ZoomControlTest()
-{
-    // Reads a window and a switch, and calls one operation with them.
-    const auto switchWindow = [](int (IZoomControl::*operation)(std::vector<int>, bool), const char* outcome) {
-        return [operation, outcome](TCDebugMenuTPMS& menu, IZoomControl& zoom) {
-            const int id = menu.m_SelectCmd(kWindowPrompt);
-            const bool on = menu.m_SelectCmd(kOnOffPrompt) != 0;
-            if (!console::InputEnded())
-                ReportApiResult(outcome, (zoom.*operation)({id}, on));
-        };
-    };
-    // Reads a window and asks one question about it.
-    const auto askWindow = [](int (IZoomControl::*question)(int, bool&), const char* outcome) {
-        return [question, outcome](TCDebugMenuTPMS& menu, IZoomControl& zoom) {
-            const int id = menu.m_SelectCmd(kWindowPrompt);
-            if (console::InputEnded())
-                return;
-            bool answer = false;
-            const int result = (zoom.*question)(id, answer);
-            ReportApiResult(outcome + Bracketed(answer), result);
-        };
-    };
-    static const TZoomRows rows = {
-        {1, " 1. Check if zoom available\n", [](TCDebugMenuTPMS&, IZoomControl& zoom) { ReportAvailable(zoom); }},
-        {2, " 2. Check available zoom sharing type\n",
-         [](TCDebugMenuTPMS&, IZoomControl& zoom) { ReportSharingType(zoom); }},
-        {3, " 3. Create zoom window\n",
-         [](TCDebugMenuTPMS& menu, IZoomControl& zoom) {
-             const TSRectInfo source = menu.m_ReadRect("Src");
-             const TSRectInfo destination = menu.m_ReadRect("Dst");
-             const TSRectInfo main = menu.m_ReadRect("Main");
-             if (console::InputEnded())
-                 return;
-             int handle = -1;
-             const int result = zoom.CreateZoomWindow(handle, source, destination, main);
-             ReportApiResult("Created window handle" + Bracketed(handle), result);
-         }},
-        {4, " 4. Delete zoom window\n",
-         [](TCDebugMenuTPMS& menu, IZoomControl& zoom) {
-             const int id = menu.m_SelectCmd(kWindowPrompt);
-             const TSRectInfo main = menu.m_ReadRect("Main");
-             if (!console::InputEnded())
-                 ReportApiResult("Window destroy!", zoom.DeleteZoomWindow({id}, main));
-         }},
-        {5, " 5. Set zoom window (ON/OFF)\n", switchWindow(&IZoomControl::SetZoomWindow, "Window set!")},
-        {6, " 6. Mute/unmute zoom window\n", switchWindow(&IZoomControl::MuteZoomWindow, "Window muted!")},
-        {7, " 7. Check if zoom window started\n", askWindow(&IZoomControl::IsZoomWindowStarted, "Is window started")},
-        {8, " 8. Check if zoom window muted\n", askWindow(&IZoomControl::IsZoomWindowMuted, "Is window muted")},
-        {9, " 9. Set zoom window src-dst\n",
-         [](TCDebugMenuTPMS& menu, IZoomControl& zoom) {
-             const int id = menu.m_SelectCmd(kWindowPrompt);
-             const TSRectInfo source = menu.m_ReadRect("Src");
-             const TSRectInfo destination = menu.m_ReadRect("Dst");
-             const TSRectInfo main = menu.m_ReadRect("Main");
-             if (!console::InputEnded())
-                 ReportApiResult("Window size updated!", zoom.UpdateZoomWindowSize(id, source, destination, main));
-         }},
-        {10, " 10. Get connected zoom windows\n", [](TCDebugMenuTPMS&, IZoomControl& zoom) { ReportConnected(zoom); }},
-    };
-    return rows;
 }
 
 void TCDebugMenuTPMS::m_ZoomControlTest()
 {
     const auto zoom =
         CreateControl("ZoomControl interface creation failed!\n", TVServiceAPI::CreateZoomControl, PROFILE_MAIN, 0);
-    const auto refuse = [](int) {
-        console::WriteLine("Unsupported command!");
-        return true;
-    };
-    if (zoom)
-        m_RunMenu([this] { m_PrintMenu_ZoomControlTest(); }, tpms::kCommandPrompt, m_Menu_ZoomControlTest(), refuse,
-                  *this, *zoom);
+    if (!zoom)
+        return;
+    TCZoomTest test(*this, *zoom);
+    m_RunMenu(TCZoomTest::Menu(), tpms::kCommandPrompt, RefuseCommand, test);
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_ZoomControlTest()
-{
-    tpms::PrintMenu("\t[Test19 List - IZoomControl]\t\n", m_Menu_ZoomControlTest());
-}
+void TCDebugMenuTPMS::m_PrintMenu_ZoomControlTest() { tpms::PrintMenu(TCZoomTest::Menu()); }

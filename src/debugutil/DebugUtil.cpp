@@ -75,7 +75,8 @@ void TCDebugUtil::StartMenu()
 
 void TCDebugUtil::m_RunLocalPass(std::string& word)
 {
-    console::Write(MenuText(m_debugUtilMenu));
+    static const std::string menu = MenuText(m_debugUtilMenu);
+    console::Write(menu);
     if (!console::Ask("cmd> ", word)) {
         ExitAction();
         return;

@@ -5,6 +5,8 @@
 #include "debugutil/DebugUtil.h"
 #include "debugutil/Menu.h"
 
+#include <functional>
+
 namespace
 {
 
@@ -36,7 +38,7 @@ TCControl<ISourceControl> CreateSourceControlOfTypedSubId(std::int32_t& subId)
 // What stands on the screen once the SubID is known, around further lines.
 std::string SubIdBlock(std::int32_t subId, const std::string& lines = "")
 {
-    return kLongStars + ("*****Set SubID[" + std::to_string(subId)) + "]*****\n" + lines + kLongStars;
+    return std::string(kLongStars) + "*****Set SubID[" + std::to_string(subId) + "]*****\n" + lines + kLongStars;
 }
 
 std::optional<ESource> AskSource(const std::string& before = "")
@@ -69,18 +71,15 @@ void SizeControl()
     TCDebugUtil::GetTVSHandleByUserInput(&handle, true);
     if (console::InputEnded())
         return;
-    std::int32_t values[4];
-    std::int32_t* next = values;
-    for (const char* prompt : {"X: > ", "Y: > ", "W: > ", "H: > "}) {
-        const auto value = console::AskNumber(prompt);
-        if (!value)
-            return;
-        *next++ = *value;
-    }
-    const auto [x, y, width, height] = values;
+    const auto x = console::AskNumber("X: > ");
+    const auto y = console::AskNumber("Y: > ");
+    const auto width = console::AskNumber("W: > ");
+    const auto height = console::AskNumber("H: > ");
+    if (!x || !y || !width || !height)
+        return;
     if (const auto video = CreateControl("[DebugUtil] TVServiceAPI::CreateVideoControl fail",
                                          TVServiceAPI::CreateVideoControl, handle.profile, handle.screenId))
-        video->SetVideoSize(x, y, height, width);
+        video->SetVideoSize(*x, *y, *height, *width);
 }
 
 void NotImplemented() { console::WriteLine("[DebugUtil] Not implemented yet!"); }
@@ -143,13 +142,13 @@ void SetAnalogCleanView()
         control->SetAnalogCleanView(*on != 0);
 }
 
-template <int (ISourceControl::*Operation)(ESource)> void MonitorSource()
+void MonitorSource(int (ISourceControl::*operation)(ESource source))
 {
     const auto source = AskSource();
     if (!source)
         return;
     if (const auto control = CreateSourceControl(PROFILE_SOURCE_MONITORING, 0))
-        ((*control).*Operation)(*source);
+        std::invoke(operation, *control, *source);
 }
 
 void SetSoundOnVideoCall()
@@ -173,28 +172,28 @@ void GetPIDSetStatus()
     console::Write(std::string(kLongStars) + "*****GetPIDSetStatus[" + (set ? "1" : "0") + "]*****\n" + kLongStars);
 }
 
-const TMenuRows<> kCommands = {
-    {1, " 1. Size Control\n", SizeControl},
-    {2, " 2. Add reference Count\n", NotImplemented},
-    {3, " 3. Release reference Count\n", NotImplemented},
-    {4, " 4. Signal Test - Subscribe\n", SubscribeMonitor},
-    {5, " 5. Signal Test - Unsubscribe\n", UnsubscribeMonitor},
-    {6, " 6. Set Source\n", SetSource},
-    {7, " 7. Get Source\n", GetSource},
-    {8, " 8. Set Analog Clean view\n", SetAnalogCleanView},
-    {12, " 12.[LFD]StartSourceMonitoring\n", MonitorSource<&ISourceControl::StartSourceMonitoring>},
-    {13, " 13.[LFD]StopSourceMonitoring\n", MonitorSource<&ISourceControl::StopSourceMonitoring>},
-    {14, " 14.[LFD]SetSoundOnVideoCall\n", SetSoundOnVideoCall},
-    {15, " 15.GetPIDSetStatus\n", GetPIDSetStatus},
+const TCMenu<> kMenu = {
+    {TCDebugMenuUtility::thickLine, TCDebugMenuUtility::thinLine},
+    "\t[Process Debug List]\t\n",
+    {
+        {1, " 1. Size Control\n", SizeControl},
+        {2, " 2. Add reference Count\n", NotImplemented},
+        {3, " 3. Release reference Count\n", NotImplemented},
+        {4, " 4. Signal Test - Subscribe\n", SubscribeMonitor},
+        {5, " 5. Signal Test - Unsubscribe\n", UnsubscribeMonitor},
+        {6, " 6. Set Source\n", SetSource},
+        {7, " 7. Get Source\n", GetSource},
+        {8, " 8. Set Analog Clean view\n", SetAnalogCleanView},
+        {12, " 12.[LFD]StartSourceMonitoring\n", [] { MonitorSource(&ISourceControl::StartSourceMonitoring); }},
+        {13, " 13.[LFD]StopSourceMonitoring\n", [] { MonitorSource(&ISourceControl::StopSourceMonitoring); }},
+        {14, " 14.[LFD]SetSoundOnVideoCall\n", SetSoundOnVideoCall},
+        {15, " 15.GetPIDSetStatus\n", GetPIDSetStatus},
+    },
 };
 
 } // namespace
 
-std::string TCDebugUtil::CreateTVSDebugMenu()
-{
-    return FrameMenu({TCDebugMenuUtility::thickLine, TCDebugMenuUtility::thinLine}, "\t[Process Debug List]\t\n",
-                     kCommands);
-}
+std::string TCDebugUtil::CreateTVSDebugMenu() { return kMenu.Text(); }
 
 bool TCDebugUtil::TVSDebugFunction()
 {
@@ -209,7 +208,7 @@ bool TCDebugUtil::TVSDebugFunction()
         const std::int32_t number = console::ToNumber(word);
         if (number == kMenuExit)
             return true;
-        if (const auto* command = FindRow(kCommands, number))
+        if (const auto* command = kMenu.Find(number))
             command->run();
         else
             console::WriteLine("Command not recognized");

@@ -4,19 +4,11 @@
 #include <algorithm>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// What leaves every menu.
 constexpr int kMenuExit = 99;
-
-/// One line of a menu; a line that runs nothing only divides or heads others.
-template <class... Arguments> struct TSMenuRow {
-    int number;
-    const char* line; ///< with its line end
-    std::function<void(Arguments...)> run;
-};
-
-template <class... Arguments> using TMenuRows = std::vector<TSMenuRow<Arguments...>>;
 
 /// The rules around a menu, each with its line end.
 struct TSMenuFrame {
@@ -25,21 +17,41 @@ struct TSMenuFrame {
     bool thinUnderTitle = true;
 };
 
-/// The text of a menu with its way out.
-template <class Rows> std::string FrameMenu(const TSMenuFrame& frame, const char* title, const Rows& rows)
-{
-    std::string text = frame.thick + title;
-    if (frame.thinUnderTitle)
-        text += frame.thin;
-    for (const auto& row : rows)
-        text += row.line;
-    return text + frame.thin + " 99 : Exit\n" + frame.thick; // kMenuExit
-}
+/// One line of a menu; a line that runs nothing only divides or heads others.
+template <class... Arguments> struct TSMenuRow {
+    int number;
+    std::string line; ///< with its line end
+    std::function<void(Arguments...)> run;
+};
 
-/// The row that runs something for that number, or null.
-template <class Rows> const typename Rows::value_type* FindRow(const Rows& rows, int number)
+/// A menu whose rows run with those arguments.
+template <class... Arguments> class TCMenu
 {
-    const auto found = std::find_if(rows.begin(), rows.end(),
-                                    [number](const auto& row) { return row.number == number && row.run != nullptr; });
-    return found == rows.end() ? nullptr : &*found;
-}
+public:
+    TCMenu(const TSMenuFrame& frame, const std::string& title, std::vector<TSMenuRow<Arguments...>> rows)
+        : m_rows(std::move(rows))
+    {
+        m_text = frame.thick + title;
+        if (frame.thinUnderTitle)
+            m_text += frame.thin;
+        for (const auto& row : m_rows)
+            m_text += row.line;
+        m_text += frame.thin + " 99 : Exit\n" + frame.thick; // kMenuExit
+    }
+
+    /// The whole menu with its way out.
+    const std::string& Text() const { return m_text; }
+
+    /// The row that runs something for that number, or null.
+    const TSMenuRow<Arguments...>* Find(int number) const
+    {
+        const auto found = std::find_if(m_rows.begin(), m_rows.end(), [number](const auto& row) {
+            return row.number == number && row.run != nullptr;
+        });
+        return found == m_rows.end() ? nullptr : &*found;
+    }
+
+private:
+    std::vector<TSMenuRow<Arguments...>> m_rows;
+    std::string m_text;
+};
