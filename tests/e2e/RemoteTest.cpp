@@ -2,6 +2,7 @@
 #include "support/Screens.h"
 #include "support/TestBus.h"
 #include "support/Tool.h"
+#include "tvs-api-internal/DebugPrintMethods.h"
 
 #include <gtest/gtest.h>
 
@@ -202,8 +203,7 @@ TEST(RemoteMenu, IsDescribedToTheBusTools)
         return copy;
     };
     const std::string description = call("org.freedesktop.DBus.Introspectable", "Introspect", "");
-    for (const char* method : {"Start", "Execute", "Stop", "Check", "GetMenuItems", "SetMenuItems", "SetMenuItem",
-                               "SetQoSEnabled", "IsQoSEnabled", "SetDebugMode", "IsDebugModeEnabled"})
+    for (const char* method : kDebugPrintMethodNames)
         EXPECT_NE(description.find(std::string("<method name=\"") + method + "\">"), std::string::npos) << method;
     const char* const interface = "com.kavrin.IDebugPrintControl";
     EXPECT_EQ(call(interface, "Start", "nav", 0, 0), "");

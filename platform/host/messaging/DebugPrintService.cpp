@@ -87,8 +87,8 @@ DebugPrintService::DebugPrintService()
 void DebugPrintService::Serve(sd_bus* bus)
 {
     std::vector<sd_bus_vtable> table = {SD_BUS_VTABLE_START(0)};
-    for (const Method& method : Methods())
-        table.push_back(SD_BUS_METHOD(method.name, "nav", "av", OnCall, SD_BUS_VTABLE_UNPRIVILEGED));
+    for (const char* method : kDebugPrintMethodNames)
+        table.push_back(SD_BUS_METHOD(method, "nav", "av", OnCall, SD_BUS_VTABLE_UNPRIVILEGED));
     table.push_back(SD_BUS_VTABLE_END);
     sd_bus_slot* added = nullptr;
     Checked(sd_bus_add_object_vtable(bus, &added, kServiceObjectPath, kDebugPrintInterface, table.data(), this));
@@ -101,23 +101,33 @@ void DebugPrintService::Serve(sd_bus* bus)
     }
 }
 
-const DebugPrintService::MethodTable& DebugPrintService::Methods()
+DebugPrintService::Method DebugPrintService::MethodOf(EDebugPrintMethod number)
 {
-    // Not made and not destroyed: the embedded service runs before main and while the process ends.
-    static constexpr MethodTable methods = {{
-        {"Start", &DebugPrintService::Start},
-        {"Execute", &DebugPrintService::Execute},
-        {"Stop", &DebugPrintService::Stop},
-        {"Check", &DebugPrintService::Check},
-        {"GetMenuItems", &DebugPrintService::GetMenuItems},
-        {"SetMenuItems", &DebugPrintService::SetMenuItems},
-        {"SetMenuItem", &DebugPrintService::SetMenuItem},
-        {"SetQoSEnabled", &DebugPrintService::SetQoSEnabled},
-        {"IsQoSEnabled", &DebugPrintService::IsQoSEnabled},
-        {"SetDebugMode", &DebugPrintService::SetDebugMode},
-        {"IsDebugModeEnabled", &DebugPrintService::IsDebugModeEnabled},
-    }};
-    return methods;
+    switch (number) {
+    case DEBUG_PRINT_START:
+        return &DebugPrintService::Start;
+    case DEBUG_PRINT_EXECUTE:
+        return &DebugPrintService::Execute;
+    case DEBUG_PRINT_STOP:
+        return &DebugPrintService::Stop;
+    case DEBUG_PRINT_CHECK:
+        return &DebugPrintService::Check;
+    case DEBUG_PRINT_GET_MENU_ITEMS:
+        return &DebugPrintService::GetMenuItems;
+    case DEBUG_PRINT_SET_MENU_ITEMS:
+        return &DebugPrintService::SetMenuItems;
+    case DEBUG_PRINT_SET_MENU_ITEM:
+        return &DebugPrintService::SetMenuItem;
+    case DEBUG_PRINT_SET_QOS_ENABLED:
+        return &DebugPrintService::SetQoSEnabled;
+    case DEBUG_PRINT_IS_QOS_ENABLED:
+        return &DebugPrintService::IsQoSEnabled;
+    case DEBUG_PRINT_SET_DEBUG_MODE:
+        return &DebugPrintService::SetDebugMode;
+    case DEBUG_PRINT_IS_DEBUG_MODE_ENABLED:
+        return &DebugPrintService::IsDebugModeEnabled;
+    }
+    throw std::invalid_argument("no method has that number");
 }
 
 int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_error* error)
@@ -126,13 +136,12 @@ int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_err
         std::int16_t number = -1;
         Checked(sd_bus_message_read_basic(message, 'n', &number));
         const char* member = sd_bus_message_get_member(message);
-        const auto index = static_cast<std::size_t>(number); // too large if it is negative
-        if (index >= Methods().size() || std::strcmp(Methods()[index].name, member) != 0)
+        const Method method = MethodOf(static_cast<EDebugPrintMethod>(number));
+        if (std::strcmp(kDebugPrintMethodNames[number], member) != 0)
             throw std::invalid_argument("the number is not the method's");
         const Values values = ReadValues(message);
         RequestReader request(values);
-        const auto run = Methods()[index].run;
-        const Values answer = (static_cast<DebugPrintService*>(service)->*run)(request);
+        const Values answer = (static_cast<DebugPrintService*>(service)->*method)(request);
 
         sd_bus_message* made = nullptr;
         Checked(sd_bus_message_new_method_return(message, &made));

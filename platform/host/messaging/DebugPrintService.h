@@ -3,8 +3,8 @@
 #pragma once
 
 #include "host/messaging/ServiceBus.h"
+#include "tvs-api-internal/DebugPrintMethods.h"
 
-#include <array>
 #include <cstdint>
 #include <set>
 #include <string>
@@ -30,14 +30,9 @@ private:
         std::uint32_t id;
     };
     using Values = std::vector<TCTreeNode>;
-    struct Method {
-        const char* name;
-        Values (DebugPrintService::*run)(RequestReader&);
-    };
-
-    using MethodTable = std::array<Method, 11>;
-    /// A method's number is its place.
-    static const MethodTable& Methods();
+    using Method = Values (DebugPrintService::*)(RequestReader&);
+    /// What a method does, by its number.
+    static Method MethodOf(EDebugPrintMethod number);
     static int OnCall(sd_bus_message* message, void* service, sd_bus_error* error);
 
     Values Start(RequestReader& request);
