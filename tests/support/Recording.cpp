@@ -1,23 +1,63 @@
 #include "support/Recording.h"
 
 #include "support/Process.h"
-#include "support/Screens.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <regex>
 #include <sstream>
 
 namespace
 {
 
+const std::string kMenus = SESSION_PATH "/menus.session";
+
 std::string PathOf(const Recording& recording) { return SESSION_PATH "/" + recording.name + ".session"; }
 
-std::string FileText(const Recording& recording, const Outcome& outcome)
+std::string FileText(const Recording& recording)
 {
     return (recording.scenario.empty() ? "" : "--- scenario\n" + recording.scenario) + "--- input\n" + recording.input +
-           "--- output\n" + FoldMenus(outcome.out) + "\n--- trace\n" + Lines(outcome.trace) + "--- errors\n" +
-           outcome.err;
+           "--- record\n" + recording.record;
+}
+
+// The menus by their names, from the file that shows each once.
+std::map<std::string, std::string> LoadMenus()
+{
+    std::map<std::string, std::string> menus;
+    std::istringstream text(ReadFile(kMenus));
+    std::string name;
+    for (std::string line; std::getline(text, line);) {
+        if (line.rfind('<', 0) == 0)
+            name = line + "\n";
+        else
+            menus[name] += line + "\n";
+    }
+    return menus;
+}
+
+std::string FoldMenus(std::string text)
+{
+    static const std::map<std::string, std::string> menus = LoadMenus();
+    for (const auto& [name, menu] : menus)
+        for (std::size_t at = 0; (at = text.find(menu, at)) != std::string::npos;)
+            text.replace(at, menu.size(), name);
+    return text;
+}
+
+std::string Run(const char* tool, const std::string& input, const std::string& scenario)
+{
+    Process process;
+    Environment environment = {{"TVS_TRACE", "-"}, {"DEBUGMENU_SYSROOT", SYSROOT_PATH}};
+    if (!scenario.empty()) {
+        std::ofstream(process.Path("scenario")) << scenario;
+        environment["TVS_SCENARIO"] = process.Path("scenario");
+    }
+    process.Start({"sh", "-c", std::string("exec ") + tool + " 2>&1"}, environment);
+    process.Type(input);
+    const int status = process.End();
+    return FoldMenus(process.Text() + (status == 0 ? "" : "exit status " + std::to_string(status) + "\n"));
 }
 
 } // namespace
@@ -26,36 +66,51 @@ std::vector<std::string> RecordingNames()
 {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(SESSION_PATH))
-        names.push_back(entry.path().stem());
+        if (entry.path() != kMenus)
+            names.push_back(entry.path().stem());
     std::sort(names.begin(), names.end());
     return names;
 }
 
 Recording LoadRecording(const std::string& name)
 {
-    Recording recording{name, "", ""};
+    Recording recording{name, "", "", ""};
     std::istringstream text(ReadFile(PathOf(recording)));
     std::string* section = nullptr;
-    for (std::string line; std::getline(text, line) && line != "--- output";) {
+    for (std::string line; std::getline(text, line);) {
         if (line == "--- scenario")
             section = &recording.scenario;
         else if (line == "--- input")
             section = &recording.input;
+        else if (line == "--- record")
+            section = &recording.record;
         else if (section != nullptr)
             *section += line + "\n";
     }
     return recording;
 }
 
-testing::AssertionResult IsAsRecorded(const Recording& recording, const Outcome& outcome)
+std::string Tell(const std::string& input, const std::string& scenario)
+{
+    return Run(TELLING_TOOL_PATH, input, scenario);
+}
+
+std::string Play(const std::string& input, const std::string& scenario) { return Run(TOOL_PATH, input, scenario); }
+
+std::string WithoutWords(const std::string& told) { return std::regex_replace(told, std::regex("‹[^\n]*›\n"), ""); }
+
+testing::AssertionResult IsSame(const std::string& seen, const std::string& expected)
 {
     Process diff;
-    diff.Start({"diff", "--unified", "--label=recorded", "--label=seen", PathOf(recording), "-"});
-    diff.Type(FileText(recording, outcome));
+    std::ofstream(diff.Path("expected")) << expected;
+    diff.Start({"diff", "--unified", "--label=expected", "--label=seen", diff.Path("expected"), "-"});
+    diff.Type(seen);
     return diff.End() == 0 ? testing::AssertionSuccess() : testing::AssertionFailure() << "\n" << diff.Text();
 }
 
-void Rewrite(const Recording& recording, const Outcome& outcome)
+testing::AssertionResult IsAsRecorded(const Recording& recording)
 {
-    std::ofstream(PathOf(recording)) << FileText(recording, outcome);
+    return IsSame(FileText(recording), ReadFile(PathOf(recording)));
 }
+
+void Rewrite(const Recording& recording) { std::ofstream(PathOf(recording)) << FileText(recording); }

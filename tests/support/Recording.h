@@ -1,17 +1,17 @@
-// Recorded sessions: what is typed, and what must stand on the console, in the trace and on standard error.
+// Recorded sessions: one stream of what is typed, printed and called, in the order in which it happens.
 #pragma once
 
-#include "support/Outcome.h"
-
+#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
-/// A file of the folder of recorded sessions. Behind the scenario and the input stand what a run left behind; in its
-/// output the top-level and the TPMS menu with their prompts are <top> and <tpms>.
+/// A file of the folder of recorded sessions. In its record a word that the tool read stands as ‹word› where it was
+/// read, and a menu as <its name>: menus.session shows each menu once. Nothing else is folded.
 struct Recording {
     std::string name;
-    std::string scenario;
+    std::string scenario; ///< empty for the built-in one
     std::string input;
+    std::string record;
 };
 
 /// Of all of them, sorted.
@@ -19,8 +19,20 @@ std::vector<std::string> RecordingNames();
 
 Recording LoadRecording(const std::string& name);
 
-/// The run left behind what the file says; if not, the message is what `diff` shows.
-testing::AssertionResult IsAsRecorded(const Recording& recording, const Outcome& outcome);
+/// Plays the words and returns what was read, printed and called; behind it stands the exit status unless that is 0.
+std::string Tell(const std::string& input, const std::string& scenario = "");
 
-/// Writes the file anew with what the run left behind.
-void Rewrite(const Recording& recording, const Outcome& outcome);
+/// The same of the tool as it ships, which does not tell what it reads.
+std::string Play(const std::string& input, const std::string& scenario = "");
+
+/// A told record as the tool itself leaves it.
+std::string WithoutWords(const std::string& told);
+
+/// The texts are the same; if not, the message is what `diff` shows.
+testing::AssertionResult IsSame(const std::string& seen, const std::string& expected);
+
+/// The file of the session says the same.
+testing::AssertionResult IsAsRecorded(const Recording& recording);
+
+/// Writes the file anew.
+void Rewrite(const Recording& recording);

@@ -87,11 +87,3 @@ std::string InTVSMenu(const std::string& text)
 {
     return "DebugUtil\n" + kTopMenu + "executing: TVS Debug\nDebugUtil\n" + kTVSMenu + text + kTVSMenu + kTopMenu;
 }
-
-std::string FoldMenus(std::string output)
-{
-    for (const auto& [menu, name] : {std::pair(kTopMenu, "<top>\n"), std::pair(kTPMSMenu, "<tpms>\n")})
-        for (std::size_t at = 0; (at = output.find(menu, at)) != std::string::npos;)
-            output.replace(at, menu.size(), name);
-    return output;
-}

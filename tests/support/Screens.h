@@ -11,6 +11,3 @@ extern const std::string kSubIdPrompt;
 
 /// What the console shows when the TVS menu is entered from the start, `text` follows its prompt, and the input ends.
 std::string InTVSMenu(const std::string& text);
-
-/// The output with the two big menus as <top> and <tpms>, where they stand byte by byte.
-std::string FoldMenus(std::string output);
