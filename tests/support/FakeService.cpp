@@ -3,9 +3,7 @@
 #include "host/messaging/ServiceBus.h"
 #include "support/Trees.h"
 
-#include <gtest/gtest.h>
-
-FakeService::FakeService(const std::string& address, std::vector<Answer> answers) : m_answers(std::move(answers))
+FakeService::FakeService(const std::string& address, std::vector<std::string> answers) : m_answers(std::move(answers))
 {
     host::Bus bus = host::OpenServiceBus(address);
     host::Checked(sd_bus_add_filter(bus.get(), nullptr, OnMessage, this));
@@ -27,19 +25,24 @@ std::string FakeService::End()
 int FakeService::OnMessage(sd_bus_message* message, void* self, sd_bus_error*)
 {
     FakeService& service = *static_cast<FakeService*>(self);
-    std::int16_t number = -1;
     if (sd_bus_message_is_method_call(message, "com.kavrin.IDebugPrintControl", nullptr) <= 0)
         return 0;
-    EXPECT_GE(sd_bus_message_read_basic(message, 'n', &number), 0);
+    std::int16_t number = -1;
+    host::Checked(sd_bus_message_read_basic(message, 'n', &number));
+    TCTreeBranch values;
+    values.GetChildren() = host::ReadValues(message);
     service.m_received += sd_bus_message_get_path(message) + (' ' + std::to_string(number)) + ' ' +
-                          sd_bus_message_get_member(message) + '(' + Show(host::ReadValues(message)) + ")\n";
-    service.m_done = service.m_next == service.m_answers.size();
+                          sd_bus_message_get_member(message) + '(' + Show(values) + ")\n";
+    if (service.m_next == service.m_answers.size())
+        service.m_done = true;
     if (service.m_done)
         return 1;
+    const std::string& answer = service.m_answers[service.m_next++];
     sd_bus_message* made = nullptr;
-    EXPECT_GE(sd_bus_message_new_method_return(message, &made), 0);
+    host::Checked(sd_bus_message_new_method_return(message, &made));
     const host::BusMessage reply(made);
-    EXPECT_GE(service.m_answers[service.m_next++](made), 0);
-    EXPECT_GE(sd_bus_send(nullptr, made, nullptr), 0);
-    return 1;
+    host::AppendValues(made, Branch(answer).GetChildren());
+    if (answer.find('+') != std::string::npos)
+        host::Checked(sd_bus_message_append(made, "u", 1));
+    return host::Checked(sd_bus_send(nullptr, made, nullptr));
 }

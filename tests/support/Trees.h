@@ -1,28 +1,15 @@
-// Message trees as text.
+// Message trees as text: each value behind its tag, a plain one behind the letter of its width (y, q, u, t for 1, 2, 4
+// and 8 bytes), bytes in quotes, a branch in brackets.
 #pragma once
 
 #include "tvs-api-internal/Tree.h"
 
+#include <functional>
 #include <string>
 
-/// Each value behind its tag: a plain one behind the letter of its width (y, q, u, t for 1, 2, 4, 8 bytes), bytes in
-/// quotes, a branch in brackets.
-inline std::string Show(const std::vector<TCTreeNode>& values)
-{
-    std::string text;
-    for (const TCTreeNode& node : values) {
-        text += (text.empty() ? "" : " ") + std::to_string(node.tag) + ':';
-        if (const auto* branch = std::get_if<TCTreeBranch>(&node.value))
-            text += '[' + Show(branch->GetChildren()) + ']';
-        else if (const auto* bytes = std::get_if<TCTreeNode::Bytes>(&node.value))
-            text += '"' + std::string(bytes->begin(), bytes->end()) + '"';
-        else
-            std::visit(
-                [&text](const auto& held) {
-                    if constexpr (std::is_integral_v<std::decay_t<decltype(held)>>)
-                        text += "yq.u...t"[sizeof held - 1] + std::to_string(held);
-                },
-                node.value);
-    }
-    return text;
-}
+std::string Show(const TCTreeBranch& branch);
+TCTreeBranch Branch(const std::string& text);
+
+/// Goes through a file of what is said, in lines behind "> ", and what is answered to it, below; fails where the answer
+/// is another one.
+void ExpectTalk(const std::string& name, const std::function<std::string(const std::string& said)>& answer);
