@@ -10,7 +10,7 @@ FakeService::FakeService(const std::string& address, std::vector<std::string> an
     host::Checked(sd_bus_request_name(bus.get(), "com.kavrin.TVService", 0));
     m_thread = std::thread([this, bus = std::move(bus)] {
         while (!m_done && sd_bus_process(bus.get(), nullptr) >= 0)
-            sd_bus_wait(bus.get(), 10'000); // then it looks whether it is over
+            sd_bus_wait(bus.get(), 1'000); // then it looks whether it is over
     });
 }
 

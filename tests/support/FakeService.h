@@ -14,8 +14,6 @@ public:
     /// no reply has. Called once more, it leaves the bus without an answer.
     FakeService(const std::string& address, std::vector<std::string> answers);
     ~FakeService() { End(); }
-    FakeService(const FakeService&) = delete;
-    FakeService& operator=(const FakeService&) = delete;
     /// Leaves the bus; returns the calls received, one a line.
     std::string End();
 
