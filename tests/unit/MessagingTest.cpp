@@ -136,18 +136,20 @@ TEST(Messaging, WaitsTenSecondsForASilentPeer)
 {
     TestBus bus;
     FakeService service(bus.Address(), {kHonest, kHonest, kHonest});
-    const auto connection = Connect(bus.Address()), withoutHello = Connect("unixexec:path=sleep,argv1=60");
+    const auto connection = Connect(bus.Address()), withoutHello = Connect("unixexec:path=sleep,argv1=60"),
+               embedded = Connect("");
     EXPECT_EQ(Talk(connection.get()), kTaken);
     const std::string first = caller;
     EXPECT_EQ(Talk(connection.get()), kTaken);
     EXPECT_EQ(caller, first);
-    for (TVServiceAPIConnection* silent : {connection.get(), withoutHello.get()}) {
+    for (TVServiceAPIConnection* silent : {connection.get(), withoutHello.get(), embedded.get()}) {
         const Silence tenSeconds;
         EXPECT_EQ(Talk(silent), kNotTaken);
         EXPECT_EQ(tenSeconds.waits, "10000000 ");
     }
     EXPECT_EQ(Talk(connection.get()), kTaken);
     EXPECT_NE(caller, first); // where half an answer may be stuck
+    EXPECT_EQ(Talk(embedded.get()), kNotTaken);
 }
 
 // The answer to one call, written as "0 Start()".
