@@ -15,19 +15,32 @@ namespace
 
 const std::string kInterface = "com.kavrin.IDebugPrintControl";
 
-// Calls and console, in their order. Calls come before main and after it, too.
-std::ostringstream& Record()
+// Calls and console, in their order. What goes on printing without an end is ended here.
+class RecordBuffer : public std::stringbuf
 {
-    static auto& record = *new std::ostringstream;
+    std::streamsize xsputn(const char* text, std::streamsize size) override
+    {
+        return ++m_writes < 10'000 ? std::stringbuf::xsputn(text, size) : throw std::length_error("prints without end");
+    }
+    int m_writes = 0;
+};
+
+// Calls come before main and after it, too.
+std::ostream& Record()
+{
+    static auto& record = *new std::ostream(new RecordBuffer);
     return record;
 }
 
 std::string TakeRecord()
 {
-    std::string text = Record().str();
-    Record().str("");
-    for (std::ostream* const stream : {&std::cout, &std::cerr})
-        stream->rdbuf(Record().rdbuf());
+    auto& buffer = dynamic_cast<RecordBuffer&>(*Record().rdbuf());
+    std::string text = buffer.str();
+    buffer.str("");
+    for (std::ostream* const stream : {&std::cout, &std::cerr}) {
+        stream->rdbuf(&buffer);
+        stream->exceptions(std::ios::badbit);
+    }
     return text;
 }
 
@@ -69,6 +82,8 @@ bool TCMarshallingHelperProxy::Run(TVServiceAPIConnection* connection, std::stri
              << (interfaceName == kInterface && !reserved ? "\n" : " of " + interfaceName);
     const auto [outcome, text] = plays.empty() ? std::pair(FAILS, std::string()) : plays.front();
     plays.erase(plays.begin(), plays.empty() ? plays.end() : plays.begin() + 1);
+    if (outcome == THROWS && !text.empty())
+        throw text;
     if (outcome == THROWS)
         throw std::runtime_error("bro\nken");
     TCTreeBranch reply = Branch(text);
@@ -165,7 +180,7 @@ TEST(Shell, ReportsExceptionsOfRemoteCallsAndStops)
     for (const auto& play :
          {std::pair(THROWS, ""), screen("0:u1 0:[0:u3 1:'a> ']"), screen("0:u2 0:[0:u3 1:'b> ']"),
           std::pair(THROWS, ""), screen(""), screen("0:u1 0:[0:u3 1:'c> ']"), screen("0:u0 0:[0:u3 1:'no>']"),
-          std::pair(THROWS, ""), screen("0:u1 0:[0:u3 1:'d> ']"), std::pair(THROWS, "")})
+          std::pair(THROWS, ""), screen("0:u1 0:[0:u3 1:'d> ']"), std::pair(THROWS, "text")})
         plays.emplace_back(play);
     static std::istringstream words("1 1 x y 1 99 1");
     std::cin.rdbuf(words.rdbuf());
@@ -176,7 +191,7 @@ TEST(Shell, ReportsExceptionsOfRemoteCallsAndStops)
     EXPECT_EQ(TakeRecord(), "DebugUtil\n" + start + "0])\n" + failed + start + "0])\na> " + execute +
                                 "1 1:'x'] 0:[0:u3 1:'a> '])\nb> " + execute + "1 1:'y'] 0:[0:u3 1:'b> '])\n" + failed +
                                 stop + start + "3 1:'b> '])\nc> " + execute + "2 1:'99'] 0:[0:u3 1:'c> '])\n" + stop +
-                                failed + start + "3 1:'no>'])\nd> " + stop + failed);
+                                failed + start + "3 1:'no>'])\nd> " + stop + "TVS: unknown exception\n");
 }
 
 } // namespace
