@@ -88,10 +88,10 @@ std::string LeftInOrder(const std::string& told)
 {
     const Moment now = MomentOf(told);
     const bool atPrompt = told.size() >= 5 && told.compare(told.size() - 5, 5, "cmd> ") == 0;
-    if (now.option == "TVS")
-        return "TCMarshallingHelperProxy::Run(\"com.kavrin.IDebugPrintControl\", \"Stop\", 2) = true\n";
     if (now.menu == "top" && atPrompt)
         return "";
+    if (now.option == "TVS")
+        return "TCMarshallingHelperProxy::Run(\"com.kavrin.IDebugPrintControl\", \"Stop\", 2) = true\n";
     const std::string main = now.option == "TVS Debug" ? "tvs" : "tpms";
     return Withdrawals(now) + Releases(now) + (now.menu == main && atPrompt ? "" : "<" + main + ">\ncmd> ") +
            (now.subscribed ? "TVServiceAPI::DestroySignalSubscriber()\n" : "") + kTop;
