@@ -38,6 +38,10 @@ TEST(Layout, APlugInCallsThePlatform)
     EXPECT_EQ(Lines(outcome.trace), "TVServiceAPI::CreateAVControl(101, 3) = 0\nIAVControl::RestartVideoDecoder() = 1\n"
                                     "TVServiceAPI::Destroy(IAVControl)\n");
     EXPECT_EQ(outcome.err, "");
+    const Outcome thrown =
+        RunTool("6\n", "[result]\nTVServiceAPI::CreateAVControl=-1\n", {{"DEBUGMENU_SYSROOT", PLUG_IN_SYSROOT_PATH}});
+    EXPECT_EQ(thrown.err, "TVS HT Debug: unknown exception\n");
+    EXPECT_EQ(thrown.status, 0);
 }
 
 } // namespace

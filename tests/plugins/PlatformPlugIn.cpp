@@ -6,8 +6,8 @@
 extern "C" __attribute__((visibility("default"))) void ht_subdebugmenu()
 {
     IAVControl* control = nullptr;
-    if (TVServiceAPI::CreateAVControl(PROFILE_PIP, 3, &control) != 0)
-        return;
+    if (const int result = TVServiceAPI::CreateAVControl(PROFILE_PIP, 3, &control))
+        throw result; // nothing that the console knows
     std::printf("RestartVideoDecoder: %d\n", control->RestartVideoDecoder());
     TVServiceAPI::Destroy(control);
 }

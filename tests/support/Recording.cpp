@@ -1,11 +1,11 @@
 #include "support/Recording.h"
 
 #include "support/Process.h"
+#include "support/Screens.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <regex>
 #include <sstream>
 
@@ -22,25 +22,9 @@ std::string FileText(const Recording& recording)
            "--- record\n" + recording.record;
 }
 
-// The menus by their names, from the file that shows each once.
-std::map<std::string, std::string> LoadMenus()
-{
-    std::map<std::string, std::string> menus;
-    std::istringstream text(ReadFile(kMenus));
-    std::string name;
-    for (std::string line; std::getline(text, line);) {
-        if (line.rfind('<', 0) == 0)
-            name = line + "\n";
-        else
-            menus[name] += line + "\n";
-    }
-    return menus;
-}
-
 std::string FoldMenus(std::string text)
 {
-    static const std::map<std::string, std::string> menus = LoadMenus();
-    for (const auto& [name, menu] : menus)
+    for (const auto& [name, menu] : Menus())
         for (std::size_t at = 0; (at = text.find(menu, at)) != std::string::npos;)
             text.replace(at, menu.size(), name);
     return text;

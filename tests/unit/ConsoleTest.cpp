@@ -1,0 +1,30 @@
+// Words longer than anybody types.
+#include "debugutil/Console.h"
+#include "support/Television.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace
+{
+
+TEST(Console, CutsAWordBehindAMebibyte)
+{
+    constexpr std::size_t mebibyte = 1 << 20;
+    alarm(60); // what reads for ever ends the program
+    for (const std::size_t length : {mebibyte - 1, mebibyte, mebibyte + 1, 2 * mebibyte + 1}) {
+        const std::string typed(length, 'x');
+        Television television;
+        for (const char* next : {" next\n", ""}) { // its rest is no word of its own, at the end of the input either
+            television.Type(typed + next);
+            std::string word;
+            EXPECT_TRUE(console::ReadWord(word));
+            EXPECT_EQ(word.size(), std::min(length, mebibyte));
+            EXPECT_EQ(console::ReadWord(word), *next != '\0');
+            EXPECT_TRUE(*next == '\0' || word == "next");
+        }
+    }
+    alarm(0);
+}
+
+} // namespace
