@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <climits>
 #include <functional>
 #include <glib.h>
@@ -42,8 +41,8 @@ TEST(SignalNames, AreThoseOfTheTable)
     std::istringstream words(kNames);
     int next = 0;
     for (std::string word; words >> word;) {
-        if (std::isdigit(static_cast<unsigned char>(word[0])) != 0)
-            next = std::stoi(word);
+        if (const int number = std::atoi(word.c_str()))
+            next = number;
         else
             names[next++] = "SIGNAL_" + word;
     }
@@ -63,33 +62,28 @@ TEST(SignalNames, AreNotDisturbedByAnotherThread)
 
 constexpr auto kLast = static_cast<ESignalType>(9999);
 std::atomic<int> g_settled{0};
+[[maybe_unused]] const unsigned g_bound = alarm(60); // what waits for ever ends the program
 
-template <class... Arguments> int Settled(ESignalType, Arguments...)
-{
-    ++g_settled;
-    return 0;
-}
+template <class... Arguments> int Settled(ESignalType, Arguments...) { return ++g_settled; }
 
 void Raise(int type, const TVSHandle& pipeline = {}, const TSSignalData& data = {})
 {
     host::SignalHub::Instance().Raise(static_cast<ESignalType>(type), pipeline, data);
 }
 
-// Types word by word. At "raise" signals are raised, and what they print is waited for before the next word.
+// Types word by word. Before each, signals are raised, and what they print is waited for.
 class Engineer : public std::streambuf
 {
 public:
     Engineer(const std::string& words, host::SignalCallback settled, std::function<void()> raise,
              const std::string& scenario = "")
-        : m_television(scenario), m_words(words), m_settled(settled), m_raise(std::move(raise))
+        : m_television(scenario), m_words(words), m_raise(std::move(raise))
     {
-        host::SignalHub::Instance().Subscribe(m_settled)->AddSignal(kLast, 0, 0, 0, 0);
+        host::SignalHub::Instance().Subscribe(settled)->AddSignal(kLast, 0, 0, 0, 0);
         std::cin.rdbuf(this);
-        m_television.TakeRecord();
     }
-    ~Engineer() override { host::SignalHub::Instance().Unsubscribe(m_settled); }
 
-    // The signals of the record, and where their menu was left.
+    // The signals, and where their menu was left.
     std::string Printed()
     {
         static const std::regex line("(?:\tSIGNAL_|\\[DebugUtil\\] Signal|TVServiceAPI::DestroySignal).*\n");
@@ -103,126 +97,93 @@ public:
 protected:
     int_type underflow() override
     {
-        while (m_words >> m_word) {
-            if (m_word != "raise") {
-                m_word += ' ';
-                setg(m_word.data(), m_word.data(), m_word.data() + m_word.size());
-                return traits_type::to_int_type(m_word[0]);
-            }
-            const int before = g_settled;
-            m_raise();
-            Raise(kLast);
-            while (g_settled == before)
-                std::this_thread::yield();
-        }
-        return traits_type::eof();
+        const int before = g_settled;
+        m_raise();
+        Raise(kLast);
+        while (g_settled == before)
+            std::this_thread::yield();
+        m_words >> m_word;
+        m_word += '\n';
+        setg(m_word.data(), m_word.data(), m_word.data() + m_word.size());
+        return traits_type::to_int_type(m_word[0]);
     }
 
 private:
     Television m_television;
     std::istringstream m_words;
     std::string m_word;
-    host::SignalCallback m_settled;
     std::function<void()> m_raise;
 };
 
-class SignalPrinters : public testing::Test
+TEST(SignalPrinters, OfTheTVSMenuNameTheSignals)
 {
-protected:
-    void SetUp() override { alarm(60); } // what waits for ever ends the program
-    void TearDown() override { alarm(0); }
-};
-
-TEST_F(SignalPrinters, OfTheTVSMenuNameTheSignals)
-{
-    Engineer engineer("raise 4 raise 4 5 raise 99", Settled<TSSignalData, void*>, [] {
+    Engineer engineer("4 4 5 99", Settled<TSSignalData, void*>, [] {
         for (int type = 58; type < 68; ++type)
             Raise(type);
     });
     EXPECT_TRUE(TCDebugUtil::TVSDebugFunction());
     EXPECT_EQ(TCDebugUtil::SignalReceivedCallback(static_cast<ESignalType>(200), {}, nullptr), 0);
     std::string expected;
-    for (const char* name : {"SIGNAL_TUNE_START", "SIGNAL_TUNE_SUCCESS", "SIGNAL_TUNER_LOCK_FAIL",
-                             "SIGNAL_SERVICE_LOCKED", "SIGNAL_TUNE_STOP", "SIGNAL_RESOLUTION_CHANGED", "UNKOWN[200]"})
-        expected += std::string("[DebugUtil] SignalReceivedCallback - signal:") + name + "\n";
+    for (const int type : {59, 60, 61, 62, 63, 66, 59, 60, 61, 62, 63, 66, 200})
+        expected += "[DebugUtil] SignalReceivedCallback - signal:" + NameOf(type) + "\n";
     EXPECT_EQ(engineer.Printed(), expected);
 }
 
 // What arrives, and how it is printed.
 struct Signals {
     TVSHandle pipeline;
-    std::array<unsigned char, 8> bytes;
-    const char *started, *serviceId, *completed, *success;
+    std::uint64_t data; // the first eight bytes, the last one first
+    const char *pipelineText, *started, *completed, *success;
 };
 
 const Signals kSignals[] = {
-    {{PROFILE_SCAN, 65535},
-     {0x81, 0x82, 0x83, 0x84, 0x85, 0x86, 0x87, 0x88},
-     "chType:-32127, srvProfile:-31613, chNumber:-31099",
-     "9837979819026121345",
-     "false",
-     "true"},
-    {{static_cast<EProfile>(-1), 0}, // one byte of the first is 0, its other one not
-     {0x00, 0x01, 0xFF, 0x7F, 0x01},
-     "chType:256, srvProfile:32767, chNumber:1",
-     "6442385664",
-     "false",
-     "false"},
-    {{PROFILE_MAIN, 1},
-     {0, 0, 1, 2, 3, 4, 5, 6},
-     "chType:0, srvProfile:513, chNumber:1027",
-     "433757350076153856",
-     "true",
-     "false"},
-    {{PROFILE_PIP, 32768},
-     {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF},
-     "chType:-1, srvProfile:-1, chNumber:-1",
-     "18446744073709551615",
-     "false",
-     "true"},
-    {{PROFILE_MAIN, 0}, {1}, "chType:1, srvProfile:0, chNumber:0", "1", "false", "true"},
+    {{PROFILE_SCAN, 65535}, 0x8887868584838281, "702, screenId: 65535, ", "-32127|-31613|-31099", "false", "true"},
+    {{PROFILE_PIP, 32768}, 0xFFFFFFFFFFFFFFFF, "101, screenId: 32768, ", "-1|-1|-1", "false", "true"},
+    {{static_cast<EProfile>(-2), 0}, 0x17FFF0100, "-2, screenId: 0, ", "256|32767|1", "false", "false"},
+    {{PROFILE_MAIN, 1}, 0x0605040302010000, "1, screenId: 1, ", "0|513|1027", "true", "false"},
+    {{PROFILE_MAIN, 0}, 1, "1, screenId: 0, ", "1|0|0", "false", "true"},
 };
 
-TEST_F(SignalPrinters, OfTheTPMSMenuReadTheData)
+TEST(SignalPrinters, OfTheTPMSMenuReadTheData)
 {
     TCDebugMenuTPMS menu;
     std::string expected;
     const auto raise = [&] {
         ISignalSubscriber* subscriber = *reinterpret_cast<ISignalSubscriber**>(&menu); // its one member
-        for (const int type : {81, 193, 194, 195, 59})                                 // the last one is not printed
-            subscriber->AddSignal(static_cast<ESignalType>(type), 0, 0, 0, 0);
-        for (const Signals& signals : kSignals) {
+        for (const auto& [pipeline, bytes, pipelineText, started, completed, success] : kSignals) {
             TSSignalData data;
-            std::copy(signals.bytes.begin(), signals.bytes.end(), data.bytes);
-            for (const int type : {81, 193, 194, 195, 59})
-                Raise(type, signals.pipeline, data);
-            const std::string pipeline = " -> profile:" + std::to_string(signals.pipeline.profile) +
-                                         ", screenId: " + std::to_string(signals.pipeline.screenId) + ", ";
-            expected += "\tSIGNAL_SI_STARTED" + pipeline + signals.started + "\n" +
-                        "\tSIGNAL_TUNE_AROUND_SERVICE_DONE" + pipeline + "serviceId: " + signals.serviceId + "\n" +
-                        "\tSIGNAL_TUNE_AROUND_FINISHED" + pipeline + "completed: " + signals.completed + "\n" +
-                        "\tSIGNAL_BARKER_CHANNEL_TUNE" + pipeline + "is success:" + signals.success + "\n";
+            for (int i = 0; i < 8; ++i)
+                data.bytes[i] = static_cast<unsigned char>(bytes >> (8 * i));
+            for (const int type : {81, 193, 194, 195, 59}) { // the last one is not printed
+                subscriber->AddSignal(static_cast<ESignalType>(type), 0, 0, 0, 0);
+                Raise(type, pipeline, data);
+            }
+            const std::string text = std::string(" -> profile:") + pipelineText;
+            expected += "\tSIGNAL_SI_STARTED" + text +
+                        std::regex_replace(started, std::regex(R"((.*)\|(.*)\|(.*))"),
+                                           "chType:$1, srvProfile:$2, chNumber:$3\n") +
+                        "\tSIGNAL_TUNE_AROUND_SERVICE_DONE" + text + "serviceId: " + std::to_string(bytes) + "\n" +
+                        "\tSIGNAL_TUNE_AROUND_FINISHED" + text + "completed: " + completed + "\n" +
+                        "\tSIGNAL_BARKER_CHANNEL_TUNE" + text + "is success:" + success + "\n";
         }
     };
-    const auto hasEnded = [&] {
+    Engineer engineer("99 8 99", Settled<EProfile, unsigned short, TSSignalData, void*>, raise,
+                      "[throw]\nIAVControl::RestartVideoDecoder=fault\n");
+    for (const bool throws : {false, true, false}) {
+        if (throws)
+            EXPECT_THROW(menu.Enter(), std::runtime_error);
+        else
+            menu.Enter();
         expected += "TVServiceAPI::DestroySignalSubscriber()\n";
         Raise(SIGNAL_SI_STARTED); // nobody is told
         while (g_main_context_iteration(nullptr, FALSE) != FALSE)
             ;
-    };
-    Engineer engineer("raise 99 raise 8 99", Settled<EProfile, unsigned short, TSSignalData, void*>, raise,
-                      "[throw]\nIAVControl::RestartVideoDecoder=fault\n");
-    menu.Enter();
-    hasEnded();
-    EXPECT_THROW(menu.Enter(), std::runtime_error);
-    hasEnded();
-    menu.Enter();
-    hasEnded();
+    }
     EXPECT_EQ(engineer.Printed(), expected);
 }
 
 // The loop is quit before its thread has come to it, as a rule.
-TEST_F(SignalPrinters, LeaveAtOnce)
+TEST(SignalPrinters, LeaveAtOnce)
 {
     Television television;
     for (int round = 0; round < 500; ++round) {
