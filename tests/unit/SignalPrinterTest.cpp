@@ -77,11 +77,12 @@ class Engineer : public std::streambuf
 public:
     Engineer(const std::string& words, host::SignalCallback settled, std::function<void()> raise,
              const std::string& scenario = "")
-        : m_television(scenario), m_words(words), m_raise(std::move(raise))
+        : m_television(scenario), m_words(words), m_settled(settled), m_raise(std::move(raise))
     {
-        host::SignalHub::Instance().Subscribe(settled)->AddSignal(kLast, 0, 0, 0, 0);
+        host::SignalHub::Instance().Subscribe(m_settled)->AddSignal(kLast, 0, 0, 0, 0);
         std::cin.rdbuf(this);
     }
+    ~Engineer() override { host::SignalHub::Instance().Unsubscribe(m_settled); }
 
     // The signals, and where their menu was left.
     std::string Printed()
@@ -112,6 +113,7 @@ private:
     Television m_television;
     std::istringstream m_words;
     std::string m_word;
+    host::SignalCallback m_settled;
     std::function<void()> m_raise;
 };
 
