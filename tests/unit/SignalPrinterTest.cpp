@@ -103,7 +103,8 @@ protected:
         Raise(kLast);
         while (g_settled == before)
             std::this_thread::yield();
-        m_words >> m_word;
+        if (!(m_words >> m_word))
+            return traits_type::eof();
         m_word += '\n';
         setg(m_word.data(), m_word.data(), m_word.data() + m_word.size());
         return traits_type::to_int_type(m_word[0]);
