@@ -81,15 +81,21 @@ std::string Tell(const std::string& input, const std::string& scenario)
 
 std::string Play(const std::string& input, const std::string& scenario) { return Run(TOOL_PATH, input, scenario); }
 
-std::string WithoutWords(const std::string& told) { return std::regex_replace(told, std::regex("‹[^\n]*›\n"), ""); }
+std::string WithoutWords(const std::string& told)
+{
+    return std::regex_replace(told, std::regex("(‹[^\n]*›|«[^\n]*»)\n"), "");
+}
 
 testing::AssertionResult IsSame(const std::string& seen, const std::string& expected)
 {
+    if (seen == expected)
+        return testing::AssertionSuccess();
     Process diff;
     std::ofstream(diff.Path("expected")) << expected;
     diff.Start({"diff", "--unified", "--label=expected", "--label=seen", diff.Path("expected"), "-"});
     diff.Type(seen);
-    return diff.End() == 0 ? testing::AssertionSuccess() : testing::AssertionFailure() << "\n" << diff.Text();
+    diff.End();
+    return testing::AssertionFailure() << "\n" << diff.Text();
 }
 
 testing::AssertionResult IsAsRecorded(const Recording& recording)

@@ -6,7 +6,7 @@
 #include <vector>
 
 /// A file of the folder of recorded sessions. In its record a word that the tool read stands as ‹word› where it was
-/// read, and a menu as <its name>: menus.session shows each menu once. Nothing else is folded.
+/// read, a wait as «its length», and a menu as <its name>: menus.session shows each menu once. Nothing else is folded.
 struct Recording {
     std::string name;
     std::string scenario; ///< empty for the built-in one

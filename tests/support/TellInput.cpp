@@ -1,9 +1,11 @@
 // Linked into a second build of the tool: each word that is read is told on standard output at the moment it is read,
-// so that what is typed, printed and called stands in one stream, in the order in which it happened.
+// so that what is typed, printed and called stands in one stream, in the order in which it happened. A wait stands in it,
+// too, as the C library is asked for it.
 #include <cctype>
 #include <iostream>
 #include <streambuf>
 #include <string>
+#include <time.h>
 
 namespace
 {
@@ -39,3 +41,9 @@ private:
 TellingInput& g_input = *new TellingInput; // read until the process ends
 
 } // namespace
+
+extern "C" int nanosleep(const timespec* time, timespec* left)
+{
+    std::cout << "«" << time->tv_sec << " s " << time->tv_nsec << " ns»\n" << std::flush;
+    return clock_nanosleep(CLOCK_REALTIME, 0, time, left);
+}
