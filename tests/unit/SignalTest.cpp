@@ -1,9 +1,9 @@
-// Subscriptions and the threads that deliver signals.
+// Subscriptions of three-argument callbacks, and the thread that delivers to them.
 #include "tvs-api/TVServiceAPI.h"
 
+#include <algorithm>
 #include <atomic>
 #include <condition_variable>
-#include <glib.h>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <thread>
@@ -11,179 +11,124 @@
 namespace
 {
 
-struct Received {
-    int type;
-    int profile;
-    int screenId;
-    std::thread::id thread;
-};
-
 std::mutex g_mutex;
 std::condition_variable g_arrived;
-std::vector<Received> g_received;
-std::atomic<bool> g_subscribed{false};
+std::vector<int> g_received;
+std::thread::id g_thread; // of the last delivery
 
-void Note(const Received& received)
+int Note(int signal)
 {
-    EXPECT_TRUE(g_subscribed) << "a callback after the end of its subscription";
     const std::lock_guard<std::mutex> lock(g_mutex);
-    g_received.push_back(received);
+    g_received.push_back(signal);
+    g_thread = std::this_thread::get_id();
     g_arrived.notify_all();
-}
-
-int OnSignal(ESignalType type, TSSignalData, void*)
-{
-    Note({type, 0, 0, std::this_thread::get_id()});
     return 0;
 }
 
-int OnPipelineSignal(ESignalType type, EProfile profile, unsigned short screenId, TSSignalData, void*)
-{
-    Note({type, profile, screenId, std::this_thread::get_id()});
-    return 0;
-}
+int OnSignal(ESignalType type, TSSignalData, void*) { return Note(type); }
+int OnSignalToo(ESignalType type, TSSignalData, void*) { return Note(-type); }
 
-// A main loop on the default context in a thread of its own; it quits itself, so that it cannot miss it.
-class MainLoopThread
-{
-public:
-    MainLoopThread() : m_loop(g_main_loop_new(nullptr, FALSE)), m_thread([loop = m_loop] { g_main_loop_run(loop); }) {}
-    ~MainLoopThread()
-    {
-        const auto quit = [](gpointer loop) -> gboolean {
-            g_main_loop_quit(static_cast<GMainLoop*>(loop));
-            return G_SOURCE_REMOVE;
-        };
-        g_idle_add(quit, m_loop);
-        m_thread.join();
-        g_main_loop_unref(m_loop);
-    }
-    std::thread::id Id() const { return m_thread.get_id(); }
-
-private:
-    GMainLoop* m_loop;
-    std::thread m_thread;
-};
-
-std::vector<Received> WaitFor(std::size_t count)
-{
-    std::unique_lock<std::mutex> lock(g_mutex);
-    EXPECT_TRUE(g_arrived.wait_for(lock, std::chrono::seconds(30), [&] { return g_received.size() >= count; }));
-    return std::move(g_received);
-}
-
-// A source of 0 raises 59 and 60 on that pipeline.
-void Raise(EProfile profile, int screenId)
-{
-    ISourceControl* control = nullptr;
-    ASSERT_EQ(TVServiceAPI::CreateSourceControl(profile, screenId, &control), 0);
-    EXPECT_EQ(control->SetSource(SOURCE_TV, ""), 1);
-    TVServiceAPI::Destroy(control);
-}
-
-std::atomic<int> g_settled{0};
-
-int OnSettled(ESignalType, TSSignalData, void*)
-{
-    ++g_settled;
-    return 0;
-}
-
-// Raises once more and waits until that is delivered; whatever was to be delivered before it has been by then.
-void RaiseAndSettle()
-{
-    ISignalSubscriber* subscriber = nullptr;
-    ASSERT_EQ(TVServiceAPI::CreateSignalSubscriber(OnSettled, &subscriber), 0);
-    subscriber->AddSignal(SIGNAL_TUNE_SUCCESS, 0, 1, 0, 0);
-    const int before = g_settled;
-    Raise(PROFILE_MAIN, 0);
-    while (g_settled == before)
-        std::this_thread::yield();
-    TVServiceAPI::DestroySignalSubscriber(OnSettled);
-}
-
-template <class Callback> ISignalSubscriber* Subscribe(Callback callback)
+template <class Callback> ISignalSubscriber* Subscribe(Callback callback, std::initializer_list<ESignalType> types = {})
 {
     ISignalSubscriber* subscriber = nullptr;
     EXPECT_EQ(TVServiceAPI::CreateSignalSubscriber(callback, &subscriber), 0);
-    g_subscribed = true;
-    g_received.clear();
+    for (const ESignalType type : types)
+        EXPECT_EQ(subscriber->AddSignal(type, 0, 1, 0, 0), 1);
     return subscriber;
 }
 
-TEST(Signals, ReachASubscriptionThatIsKnownByItsCallback)
-{
-    Subscribe(OnSignal)->AddSignal(SIGNAL_TUNE_START, 0, 1, 0, 0);
-    ISignalSubscriber* second = Subscribe(OnSignal);
-    second->AddSignal(SIGNAL_TUNE_START, 0, 1, 0, 0); // counts once
-    second->AddSignal(SIGNAL_TUNE_SUCCESS, 0, 1, 0, 0);
-    Raise(PROFILE_MAIN, 0);
-    const auto both = WaitFor(2);
-    ASSERT_EQ(both.size(), 2U);
-    EXPECT_EQ(both[0].type, SIGNAL_TUNE_START);
-    EXPECT_EQ(both[1].type, SIGNAL_TUNE_SUCCESS);
-    EXPECT_NE(both[0].thread, std::this_thread::get_id());
+constexpr auto kStart = SIGNAL_TUNE_START, kSuccess = SIGNAL_TUNE_SUCCESS;
 
-    Subscribe(OnSignal)->RemoveSignal(SIGNAL_TUNE_START, 1, 0, 0);
-    Raise(PROFILE_MAIN, 0);
-    EXPECT_EQ(WaitFor(1).at(0).type, SIGNAL_TUNE_SUCCESS);
+// Raises 59 and then 60.
+void Raise()
+{
+    ISourceControl* control = nullptr;
+    TVServiceAPI::CreateSourceControl(PROFILE_MAIN, 0, &control);
+    control->SetSource(SOURCE_TV, "");
+    TVServiceAPI::Destroy(control);
+}
+
+// What has been delivered, up to that one.
+std::vector<int> TakeUntil(int last)
+{
+    std::unique_lock<std::mutex> lock(g_mutex);
+    const auto there = [&] { return std::count(g_received.begin(), g_received.end(), last) > 0; };
+    EXPECT_TRUE(g_arrived.wait_for(lock, std::chrono::seconds(10), there));
+    return std::exchange(g_received, {});
+}
+
+TEST(Signals, ReachEverySubscriptionThatHasThem)
+{
+    ISignalSubscriber* first = Subscribe(OnSignal, {kStart, kStart});
+    EXPECT_EQ(Subscribe(OnSignal, {kStart}), first); // known by its callback
+    Subscribe(OnSignalToo, {kSuccess});
+    Raise();
+    EXPECT_EQ(TakeUntil(-60), (std::vector{59, -60}));
+    EXPECT_NE(g_thread, std::this_thread::get_id());
+    Subscribe(OnSignal, {kSuccess})->RemoveSignal(kStart, 1, 0, 0);
+    Raise();
+    EXPECT_EQ(TakeUntil(-60), (std::vector{60, -60}));
     TVServiceAPI::DestroySignalSubscriber(OnSignal);
-    g_subscribed = false;
-    RaiseAndSettle();
+    TVServiceAPI::DestroySignalSubscriber(OnSignal);
+    Subscribe(OnSignal); // begins anew
+    Raise();
+    EXPECT_EQ(TakeUntil(-60), (std::vector{-60}));
+    TVServiceAPI::DestroySignalSubscriber(OnSignal);
+    TVServiceAPI::DestroySignalSubscriber(OnSignalToo);
 }
 
-TEST(Signals, ReachTheMainContextWithTheirPipeline)
-{
-    const MainLoopThread loop;
-    Subscribe(OnPipelineSignal)->AddSignal(SIGNAL_TUNE_SUCCESS, 0, 702, 0, 0);
-    Raise(PROFILE_PIP, 65535);
-    const auto received = WaitFor(1);
-    EXPECT_EQ(received[0].profile, PROFILE_PIP);
-    EXPECT_EQ(received[0].screenId, 65535);
-    EXPECT_EQ(received[0].thread, loop.Id());
-    TVServiceAPI::DestroySignalSubscriber(OnPipelineSignal);
-}
+std::atomic<bool> g_ended{false};
 
-template <class Callback> void RaiseAndDestroy(Callback callback)
+int OnSignalForAWhile(ESignalType, TSSignalData, void*)
 {
-    for (int round = 0; round < 300; ++round) {
-        ISignalSubscriber* subscriber = Subscribe(callback);
-        subscriber->AddSignal(SIGNAL_TUNE_START, 0, 1, 0, 0);
-        subscriber->AddSignal(SIGNAL_TUNE_SUCCESS, 0, 1, 0, 0);
-        Raise(PROFILE_MAIN, round);
-        if (round % 3 == 0)
-            std::this_thread::yield();
-        TVServiceAPI::DestroySignalSubscriber(callback);
-        g_subscribed = false;
+    Note(0);
+    for (int i = 0; i < 30; ++i) { // long enough for an end that does not wait
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        EXPECT_FALSE(g_ended);
     }
-}
-
-TEST(Signals, NeverArriveAfterTheEndOfTheSubscription)
-{
-    const MainLoopThread loop;
-    RaiseAndDestroy(OnSignal);
-    RaiseAndDestroy(OnPipelineSignal);
-}
-
-std::atomic<int> g_calls{0};
-
-int OnSignalEndItself(ESignalType, TSSignalData, void*)
-{
-    ++g_calls;
-    TVServiceAPI::DestroySignalSubscriber(OnSignalEndItself);
-    Note({});
     return 0;
 }
 
-TEST(Signals, MayEndTheirOwnSubscription)
+int OnSignalEndItself(ESignalType type, TSSignalData, void*)
 {
-    ISignalSubscriber* subscriber = Subscribe(OnSignalEndItself);
-    subscriber->AddSignal(SIGNAL_TUNE_START, 0, 1, 0, 0);
-    subscriber->AddSignal(SIGNAL_TUNE_SUCCESS, 0, 1, 0, 0);
-    Raise(PROFILE_MAIN, 0);
-    WaitFor(1);
-    RaiseAndSettle();
-    EXPECT_EQ(g_calls, 1);
+    TVServiceAPI::DestroySignalSubscriber(OnSignalEndItself);
+    return Note(-type);
+}
+
+int OnSignalThrow(ESignalType type, TSSignalData, void*) { throw std::runtime_error(std::to_string(type)); }
+
+TEST(Signals, EndWithTheirSubscriptionAndSurviveTheirCallbacks)
+{
+    testing::internal::CaptureStderr();
+    Subscribe(OnSignalForAWhile, {kStart, kSuccess});
+    Subscribe(OnSignalEndItself, {kStart, kSuccess});
+    Subscribe(OnSignalThrow, {kStart, kSuccess});
+    Subscribe(OnSignal, {kSuccess});
+    Raise();
+    EXPECT_EQ(TakeUntil(0), (std::vector{0}));
+    TVServiceAPI::DestroySignalSubscriber(OnSignalForAWhile);
+    g_ended = true;
+    EXPECT_EQ(TakeUntil(60), (std::vector{-59, 60}));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "signal callback: 59\nsignal callback: 60\n");
+    TVServiceAPI::DestroySignalSubscriber(OnSignalThrow);
+    TVServiceAPI::DestroySignalSubscriber(OnSignal);
+}
+
+int OnSignalHang(ESignalType, TSSignalData, void*)
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    for (std::fputs("told", stderr);;)
+        std::this_thread::sleep_for(std::chrono::hours(1));
+}
+
+TEST(SignalsDeathTest, AreToldAtTheEndAndDoNotKeepTheProcess)
+{
+    const auto end = [] {
+        Subscribe(OnSignalHang, {kStart});
+        Raise();
+        std::exit(0);
+    };
+    EXPECT_EXIT(end(), testing::ExitedWithCode(0), "^told$");
 }
 
 } // namespace

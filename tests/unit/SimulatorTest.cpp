@@ -1,0 +1,252 @@
+// The television that the host plays, recorded: results, outputs, what it remembers, what it raises, and its lines in
+// the trace. Each test has its record in a folder; DEBUGUTIL_RECORD writes it anew, to be read.
+#include "host/simulator/Signals.h"
+#include "support/Process.h"
+#include "support/Television.h"
+#include "tvs-api-internal/Diagnostics.h"
+
+#include <cstdlib>
+#include <functional>
+#include <glib.h>
+#include <gtest/gtest.h>
+#include <iostream>
+
+namespace
+{
+
+// The controls of one pipeline; they go with the television.
+struct Controls {
+    EProfile profile;
+    int screenId;
+    ISourceControl* source = Make(TVServiceAPI::CreateSourceControl);
+    IZoomControl* zoom = Make(TVServiceAPI::CreateZoomControl);
+    IReferenceCount* count = Make(TVServiceAPI::CreateReferenceCount);
+    IPipelineUtility* utility = Make(TVServiceAPI::CreatePipelineUtility);
+    IServiceNavigation* navigation = Make(TVServiceAPI::CreateServiceNavigation);
+
+    template <class Interface> Interface* Make(int (*factory)(EProfile, int, Interface**)) const
+    {
+        Interface* control = nullptr;
+        EXPECT_EQ(factory(profile, screenId, &control), 0);
+        return control;
+    }
+};
+
+class Simulator : public testing::Test
+{
+protected:
+    Simulator() { television.TakeRecord(); }
+    void TearDown() override
+    {
+        const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
+        const std::string path = RECORD_PATH "/" + name, record = television.TakeRecord();
+        if (std::getenv("DEBUGUTIL_RECORD") != nullptr)
+            std::ofstream(path) << record;
+        EXPECT_EQ(record, ReadFile(path));
+    }
+
+    Television television{"[tv]\nantenna_mode=1\nservice_mode=2\n"
+                          "[service a]\n1=2\n12=4096\n13=5\n25=0\ntitle=Sp\xC3\xA4t\n[service b]\n12=4096\n13=6\n"
+                          "[service c]\n1=9\n12=\n13=-5\ntitle=x\n[service d]\n12=18446744073709551615\n13=5\ntitle=\n"
+                          "[result]\nIVideoControl::SetWindowId=-3\nTVServiceAPI::DestroySignalSubscriber=7\n"
+                          "TVServiceAPI::CreateAVControl=0\nTVServiceAPI::CreateVideoControl=-1 object\n"
+                          "[throw]\nIDataControl::CheckCaptionExist=no\\n\"way\"\\t!\n"};
+    const Controls main{PROFILE_MAIN, 0}, pip{PROFILE_PIP, -1};
+};
+
+void Give(int expected, std::initializer_list<int> results)
+{
+    for (const int result : results)
+        EXPECT_EQ(result, expected);
+}
+
+int OnSignal(ESignalType type, EProfile profile, unsigned short screenId, TSSignalData data, void*)
+{
+    std::cout << "signal " << type << " on " << profile << ' ' << screenId << ':';
+    for (std::size_t i = 0; i < 9; ++i)
+        std::cout << ' ' << int{data.bytes[i]};
+    std::cout << std::endl;
+    return 0;
+}
+
+// What has been raised.
+void Deliver()
+{
+    for (int i = 0; i < 100 && g_main_context_iteration(nullptr, FALSE) != FALSE; ++i)
+        ;
+}
+
+const TSTvMode kCable(ANTENNA_MODE_CABLE, SERVICE_MODE_DTV);
+
+TEST_F(Simulator, PlaysFaultsInsteadOfTheWork)
+{
+    IAVControl* av = nullptr;
+    IVideoControl* video = nullptr;
+    bool exist = false;
+    Give(0, {TVServiceAPI::CreateAVControl(PROFILE_MAIN, 0, &av)});
+    Give(-1, {TVServiceAPI::CreateVideoControl(PROFILE_MAIN, 0, &video)});
+    EXPECT_EQ(av, nullptr);
+    ASSERT_NE(video, nullptr);
+    Give(-3, {video->SetWindowId(4)});
+    TVServiceAPI::Destroy(video);
+    TVServiceAPI::Destroy(video); // not there any more
+    try {
+        main.Make(TVServiceAPI::CreateDataControl)->CheckCaptionExist(exist);
+        ADD_FAILURE() << "no fault";
+    } catch (const std::runtime_error& fault) {
+        EXPECT_STREQ(fault.what(), "no\n\"way\"\t!");
+    }
+    testing::internal::CaptureStderr();
+    TCApiPrintMessage("tag %d has %s", 12, "do\ndata");
+    _TCApiAssert("m_data", "a/b", 72, nullptr);
+    _TCApiAssert("x", "y", 1, "why");
+    std::cout << testing::internal::GetCapturedStderr() << std::flush;
+}
+
+TEST_F(Simulator, RemembersWhatAPipelinePlays)
+{
+    const auto show = [&] {
+        TCTPMSStatus status;
+        Give(1, {main.utility->GetCurrentTPMSStatus(status)});
+        for (const auto& [pipeline, info] : status.pipelines)
+            std::cout << pipeline.profile << ' ' << pipeline.screenId << ": " << info.source << ' ' << info.serviceId
+                      << std::endl;
+    };
+    ESource source = SOURCE_LAST;
+    TSTvMode mode = kCable;
+    Give(1, {pip.source->GetSource(source), pip.source->SetPreviewSource(SOURCE_AV1, "o"),
+             main.source->SetSource(SOURCE_AV2, 7, "\"\\\n\x1F ~\x7F\x80\xFF")});
+    show();
+    Give(1, {main.source->SetSource(SOURCE_HDMI1, ""), pip.source->SetPreviewSource(SOURCE_AV3, 8, "q"),
+             main.Make(TVServiceAPI::CreateSourceControl)->GetSource(source), main.navigation->GetTvMode(mode),
+             main.navigation->SetService(~0ULL - 1, 1, 2, "r"), main.navigation->SetTvMode(kCable, "s"),
+             main.navigation->SetBootupService(0, nullptr, 3)});
+    show();
+    Give(1,
+         {pip.navigation->GetTvMode(mode), pip.navigation->SetTvMode({ANTENNA_MODE_UNKNOWN, SERVICE_MODE_DTV}, 10, "t"),
+          pip.navigation->GetTvMode(mode), main.navigation->GetTvMode(mode)});
+    show();
+}
+
+TEST_F(Simulator, CountsTheControlsOfAPipeline)
+{
+    int number = 0;
+    Controls{PROFILE_PIP, 2};
+    Controls{PROFILE_PIP, 65535};
+    TVServiceAPI::Destroy(pip.zoom);
+    Give(1, {pip.count->GetReferenceCount(number), main.count->GetReferenceCount(number)});
+}
+
+TEST_F(Simulator, KnowsWhoIsRegisteredForWhat)
+{
+    constexpr auto service = STATE_CHANGE_SERVICE, source = STATE_CHANGE_SOURCE;
+    bool pending = true;
+    const auto& u = pip.utility;
+    Give(1, {main.utility->RegisterForStateChange(source, "a", 4)});
+    Give(0, {u->RegisterForStateChange(source, "a", 0), u->NotifyReceiverState(service, "a", 2, 3),
+             u->NotifyReceiverState(source, "b", 2, 3), u->UnregisterFromStateChange(service, "a")});
+    Give(1, {u->CheckPendingState(service, pending), u->RegisterForStateChange(service, "a", 0),
+             u->RegisterForStateChange(source, "b", 0), u->NotifyReceiverState(source, "a", 0, 0),
+             u->CheckPendingState(source, pending), u->UnregisterFromStateChange(source, "b"),
+             u->CheckPendingState(source, pending), u->CheckPendingState(service, pending)});
+}
+
+TEST_F(Simulator, KeepsZoomWindows)
+{
+    const TSRectInfo a(1, 2, 3, 4), b(5, 6, 7, 8), c(9, 10, 11, 12);
+    TSRectInfo x, y, z;
+    int id = 0;
+    std::vector<int> ids{9};
+    bool on = true;
+    const auto& zoom = pip.zoom;
+    Give(1, {main.zoom->CreateZoomWindow(id, a, b, c), zoom->CreateZoomWindow(id, b, c, a),
+             zoom->CreateZoomWindow(id, c, a, b), zoom->GetZoomWindowSize(2, x, y, z),
+             zoom->UpdateZoomWindowSize(2, c, a, b), zoom->GetZoomWindowSize(2, x, y, z)});
+    Give(0, {zoom->SetZoomWindow({1, 4}, true), zoom->MuteZoomWindow({4, 1}, true), zoom->DeleteZoomWindow({1, 4}, b)});
+    Give(1, {zoom->IsZoomWindowStarted(1, on), zoom->IsZoomWindowMuted(1, on), zoom->SetZoomWindow({1, 3}, true),
+             zoom->IsZoomWindowStarted(3, on), zoom->IsZoomWindowMuted(3, on), zoom->MuteZoomWindow({3}, true),
+             zoom->SetZoomWindow({3}, false), zoom->IsZoomWindowStarted(3, on), zoom->IsZoomWindowMuted(3, on),
+             zoom->GetConnectedZoomWindows(ids), zoom->DeleteZoomWindow({3, 1}, a)});
+    Give(0, {zoom->IsZoomWindowStarted(3, on), zoom->IsZoomWindowMuted(3, on), zoom->GetZoomWindowSize(3, x, y, z),
+             zoom->UpdateZoomWindowSize(3, a, a, a)});
+    Give(1, {zoom->CreateZoomWindow(id, a, b, c), zoom->GetConnectedZoomWindows(ids)});
+}
+
+// The id of a service.
+void Show(const TCServiceData& service)
+{
+    const TCTagSet* tags = service.GetTagSet();
+    const TCTag* tag = tags == nullptr ? nullptr : tags->GetTag(12);
+    const auto* id = tag == nullptr ? nullptr : static_cast<const std::uint64_t*>(tag->GetData());
+    const std::string missing = tags == nullptr ? "no tags" : tag == nullptr ? "no id" : "no data";
+    std::cout << (id == nullptr ? missing : std::to_string(*id)) << std::endl;
+}
+
+TEST_F(Simulator, FindsServices)
+{
+    using Criteria = TCCriteriaHelper;
+    void (*const builders[])(Criteria&) = {
+        [](Criteria&) {},
+        [](Criteria& c) { TCNavigationModeHelper::GetNavigationCriteria(NAVIGATION_MODE_TV, c, {}), c.Fetch(1); },
+        [](Criteria& c) { c.Where(13, 5), c.Fetch(99), c.Fetch(1), c.Fetch(12); },
+        [](Criteria& c) { c.Where(13, -5), c.Where(1, 9), c.Fetch(12); },
+        [](Criteria& c) { c.Where(12, 4096), c.WhereNot(13, 6), c.Fetch(1); },
+        [](Criteria& c) { c.Where(12, 0); },
+        [](Criteria& c) { c.Where(7, 0); },
+        [](Criteria& c) { c.WhereNot(1, 2), c.WhereNot(12, 0), c.Fetch(12); },
+    };
+    IService* service = nullptr;
+    IServiceGuide* guide = nullptr;
+    Give(0, {TVServiceAPI::CreateService(&service), TVServiceAPI::CreateServiceGuide(&guide)});
+    TCServiceData first; // keeps nothing of what was found before
+    for (const auto build : builders) {
+        Criteria criteria;
+        build(criteria);
+        if (service->FindService(criteria, first, 3) == 1)
+            Show(first);
+        std::list<TCServiceData*> records;
+        Give(1, {main.navigation->FindServices(criteria, records, kCable, 3, 4)});
+        for (const TCServiceData* record : records)
+            Show(*std::unique_ptr<const TCServiceData>(record));
+    }
+    for (const auto id : {4096ULL, ~0ULL, 0ULL, 1ULL}) {
+        TCProgramData program;
+        unsigned short title[4] = {7, 7, 7, 7};
+        unsigned length = 3;
+        guide->GetProgram(id, program);
+        std::cout << program.Title(title, &length) << ' ' << length << ' ' << title[2] << ' ' << title[3] << std::endl;
+    }
+}
+
+TEST_F(Simulator, RaisesWhatTheTunerReports)
+{
+    ISignalSubscriber* subscriber = nullptr;
+    IScanControl* scan = nullptr;
+    Give(0, {TVServiceAPI::CreateSignalSubscriber(OnSignal, &subscriber), TVServiceAPI::CreateScanControl(&scan)});
+    TVServiceAPI::DestroySignalSubscriber(OnSignal); // plays a fault
+    for (const int type : {59, 60, 61, 81, 193, 194, 195})
+        subscriber->AddSignal(static_cast<ESignalType>(type), 0, 1, 0, 0);
+    const auto& source = pip.source;
+    const std::function<int()> calls[] = {
+        [&] { return source->SetSource(SOURCE_TV, ""); },
+        [&] { return source->SetSource(SOURCE_TV, 4096, ""); },
+        [&] { return source->SetSource(SOURCE_TV, 0, ""); },
+        [&] { return source->SetSource(SOURCE_AV1, 4096, ""); },
+        [&] { return source->SetPreviewSource(SOURCE_TV, ""); },
+        [&] { return source->SetPreviewSource(SOURCE_TV, 4097, ""); },
+        [&] {
+            return scan->StartTuneAround({{0x0807060504030201, 5}, {256, 6}}, "a");
+        },
+        [&] { return scan->StartBarkerChannelScan("b", kCable); },
+        [&] { return subscriber->RemoveSignal(SIGNAL_TUNE_START, 1, 0, 0) * source->SetSource(SOURCE_TV, ""); },
+    };
+    for (const auto& call : calls) {
+        Give(1, {call()});
+        Deliver();
+    }
+    Give(1, {source->SetSource(SOURCE_TV, "")});
+    host::SignalHub::Instance().Unsubscribe(OnSignal);
+    Deliver(); // nothing any more
+}
+
+} // namespace
