@@ -100,7 +100,7 @@ int OnSignalThrow(ESignalType type, TSSignalData, void*) { throw std::runtime_er
 TEST(Signals, EndWithTheirSubscriptionAndSurviveTheirCallbacks)
 {
     testing::internal::CaptureStderr();
-    Subscribe(OnSignalForAWhile, {kStart, kSuccess});
+    Subscribe(OnSignalForAWhile, {kStart});
     Subscribe(OnSignalEndItself, {kStart, kSuccess});
     Subscribe(OnSignalThrow, {kStart, kSuccess});
     Subscribe(OnSignal, {kSuccess});
