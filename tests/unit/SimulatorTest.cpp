@@ -70,6 +70,12 @@ int OnSignal(ESignalType type, EProfile profile, unsigned short screenId, TSSign
     return 0;
 }
 
+int OnSignalEnd(ESignalType, EProfile, unsigned short, TSSignalData, void*)
+{
+    host::SignalHub::Instance().Unsubscribe(OnSignalEnd);
+    throw std::runtime_error("ended");
+}
+
 // What has been raised.
 void Deliver()
 {
@@ -205,12 +211,18 @@ TEST_F(Simulator, FindsServices)
 
 TEST_F(Simulator, RaisesWhatTheTunerReports)
 {
-    ISignalSubscriber* subscriber = nullptr;
+    ISignalSubscriber *ended = nullptr, *subscriber = nullptr, *again = nullptr;
     IScanControl* scan = nullptr;
-    Give(0, {TVServiceAPI::CreateSignalSubscriber(OnSignal, &subscriber), TVServiceAPI::CreateScanControl(&scan)});
+    Give(0, {TVServiceAPI::CreateSignalSubscriber(OnSignalEnd, &ended), TVServiceAPI::CreateScanControl(&scan),
+             TVServiceAPI::CreateSignalSubscriber(OnSignal, &subscriber),
+             TVServiceAPI::CreateSignalSubscriber(OnSignal, &again)});
+    EXPECT_EQ(subscriber, again);                    // known by its callback
     TVServiceAPI::DestroySignalSubscriber(OnSignal); // plays a fault
-    for (const int type : {59, 60, 61, 81, 193, 194, 195})
-        subscriber->AddSignal(static_cast<ESignalType>(type), 0, 1, 0, 0);
+    for (const auto type : {59, 60, 61, 81, 193, 194, 195})
+        for (ISignalSubscriber* one : {ended, subscriber, again})
+            one->AddSignal(static_cast<ESignalType>(type), 0, 1, 0, 0);
+    television.TakeRecord();
+    testing::internal::CaptureStderr();
     const auto& source = pip.source;
     const std::function<int()> calls[] = {
         [&] { return source->SetSource(SOURCE_TV, ""); },
@@ -231,7 +243,12 @@ TEST_F(Simulator, RaisesWhatTheTunerReports)
     }
     Give(1, {source->SetSource(SOURCE_TV, "")});
     host::SignalHub::Instance().Unsubscribe(OnSignal);
-    Deliver(); // nothing any more
+    Deliver();                                              // nothing any more
+    TVServiceAPI::CreateSignalSubscriber(OnSignal, &again); // begins anew
+    Give(1, {source->SetSource(SOURCE_TV, "")});
+    Deliver();
+    host::SignalHub::Instance().Unsubscribe(OnSignal);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "signal callback: ended\n");
 }
 
 } // namespace
