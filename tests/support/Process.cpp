@@ -25,13 +25,13 @@ namespace
 constexpr std::size_t kTooMuch = 64U << 20;
 constexpr std::size_t kReported = 4000; // the end of what was printed
 
+} // namespace
+
 std::chrono::seconds Patience()
 {
     const char* const setting = std::getenv("DEBUGUTIL_TEST_PATIENCE");
     return std::chrono::seconds(setting == nullptr ? 60 : std::atoi(setting));
 }
-
-} // namespace
 
 Process::Process()
 {

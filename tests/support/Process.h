@@ -47,4 +47,7 @@ private:
     std::size_t m_seen = 0;
 };
 
+/// How long a program may take to answer.
+std::chrono::seconds Patience();
+
 std::string ReadFile(const std::string& path);

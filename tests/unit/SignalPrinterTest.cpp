@@ -13,7 +13,6 @@
 #include <iostream>
 #include <regex>
 #include <thread>
-#include <unistd.h>
 
 namespace
 {
@@ -62,7 +61,6 @@ TEST(SignalNames, AreNotDisturbedByAnotherThread)
 
 constexpr auto kLast = static_cast<ESignalType>(9999);
 std::atomic<int> g_settled{0};
-[[maybe_unused]] const unsigned g_bound = alarm(60); // what waits for ever ends the program
 
 template <class... Arguments> int Settled(ESignalType, Arguments...) { return ++g_settled; }
 
