@@ -22,14 +22,6 @@ std::string FileText(const Recording& recording)
            "--- record\n" + recording.record;
 }
 
-std::string FoldMenus(std::string text)
-{
-    for (const auto& [name, menu] : Menus())
-        for (std::size_t at = 0; (at = text.find(menu, at)) != std::string::npos;)
-            text.replace(at, menu.size(), name);
-    return text;
-}
-
 std::string Run(const char* tool, const std::string& input, const std::string& scenario)
 {
     Process process;

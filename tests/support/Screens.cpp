@@ -27,6 +27,14 @@ const std::map<std::string, std::string>& Menus()
     return menus;
 }
 
+std::string FoldMenus(std::string text)
+{
+    for (const auto& [name, menu] : Menus())
+        for (std::size_t at = 0; (at = text.find(menu, at)) != std::string::npos;)
+            text.replace(at, menu.size(), name);
+    return text;
+}
+
 const std::string kTopMenu = Menus().at("<top>\n") + "cmd> ";
 const std::string kTVSMenu = Menus().at("<tvs>\n") + "cmd> ";
 const std::string kTPMSMenu = Menus().at("<tpms>\n") + "cmd> ";

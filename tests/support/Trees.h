@@ -5,11 +5,12 @@
 #include "tvs-api-internal/Tree.h"
 
 #include <functional>
+#include <istream>
 #include <string>
 
 std::string Show(const TCTreeBranch& branch);
-TCTreeBranch Branch(const std::string& text);
+TCTreeBranch Branch(std::istream&& text);
 
-/// Goes through a file of what is said, in lines behind "> ", and what is answered to it, below; fails where the answer
-/// is another one.
+/// Goes through a file of what is said, in lines behind "> ", and what is answered to it, below: once where the same is
+/// answered to several. Fails where the answer is another one.
 void ExpectTalk(const std::string& name, const std::function<std::string(const std::string& said)>& answer);

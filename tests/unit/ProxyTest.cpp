@@ -4,7 +4,6 @@
 #include "support/Trees.h"
 #include "tvs-api-internal/Diagnostics.h"
 
-#include <deque>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <map>
@@ -16,13 +15,11 @@ namespace
 const std::string kInterface = "com.kavrin.IDebugPrintControl";
 
 // Calls and console, in their order. What goes on printing without an end is ended here.
-class RecordBuffer : public std::stringbuf
-{
+struct RecordBuffer : std::stringbuf {
     std::streamsize xsputn(const char* text, std::streamsize size) override
     {
-        return ++m_writes < 10'000 ? std::stringbuf::xsputn(text, size) : throw std::length_error("prints without end");
+        return str().size() < 100'000 ? std::stringbuf::xsputn(text, size) : throw std::length_error("has no end");
     }
-    int m_writes = 0;
 };
 
 // Calls come before main and after it, too.
@@ -44,8 +41,8 @@ std::string TakeRecord()
     return text;
 }
 
-enum EOutcome { FAILS, SUCCEEDS, THROWS };
-std::deque<std::pair<EOutcome, std::string>> plays; // how each call goes, and what its reply fills
+// How each call goes, one a line: + or - for its success, with what the reply fills; ! and ? for an exception.
+std::stringstream plays;
 
 } // namespace
 
@@ -73,22 +70,15 @@ void TCMarshallingHelper::PushMarshalableClass(EMarshallingDirection direction, 
 bool TCMarshallingHelperProxy::Run(TVServiceAPIConnection* connection, std::string& interfaceName,
                                    const std::string& method, short number, bool reserved)
 {
-    TCTreeBranch pushed; // the direction stands where the tag does
-    for (const auto& [direction, width, plain, object] : m_values)
+    const char how = static_cast<char>(plays.get());
+    std::string text;
+    std::getline(plays, text);
+    TCTreeBranch reply = Branch(std::istringstream(text)), pushed; // the direction stands where the tag does
+    auto next = reply.GetChildren().begin();
+    for (const auto& [direction, width, plain, object] : m_values) {
         pushed.AppendChild(object == nullptr
                                ? *DefaultNodeCreator().CreateNode(plain, std::size_t(width), short(direction), 1)
                                : *TCMarshalableNodeCreator().CreateNode(object, 0, short(direction), 1));
-    Record() << number << ' ' << method << '(' << Show(pushed) << ')' << (connection == nullptr ? " nowhere" : "")
-             << (interfaceName == kInterface && !reserved ? "\n" : " of " + interfaceName);
-    const auto [outcome, text] = plays.empty() ? std::pair(FAILS, std::string()) : plays.front();
-    plays.erase(plays.begin(), plays.empty() ? plays.end() : plays.begin() + 1);
-    if (outcome == THROWS && !text.empty())
-        throw text;
-    if (outcome == THROWS)
-        throw std::runtime_error("bro\nken");
-    TCTreeBranch reply = Branch(text);
-    auto next = reply.GetChildren().begin();
-    for (const auto& [direction, width, plain, object] : m_values) {
         if (direction != MARSHALLING_REPLY || next == reply.GetChildren().end())
             continue;
         if (object == nullptr)
@@ -96,7 +86,13 @@ bool TCMarshallingHelperProxy::Run(TVServiceAPIConnection* connection, std::stri
         else
             object->TreeToClass(std::get<TCTreeBranch>(next++->value));
     }
-    return outcome == SUCCEEDS;
+    Record() << number << ' ' << method << '(' << Show(pushed) << ')' << (connection == nullptr ? " nowhere" : "")
+             << (interfaceName == kInterface && !reserved ? "" : " of " + interfaceName);
+    if (how == '!')
+        throw std::runtime_error("bro\nken");
+    if (how == '?')
+        throw text;
+    return how == '+';
 }
 
 void _TCApiAssert(const char* expression, const char* path, unsigned long line, const char* message)
@@ -107,11 +103,9 @@ void _TCApiAssert(const char* expression, const char* path, unsigned long line, 
 namespace
 {
 
-using Proxy = TCDebugPrintControlProxy;
-
 // Each operation with that reply: how it is called, and its results with that reply and success, the reply and failure,
 // and without a reply failure and success.
-void WalkProxy(std::unique_ptr<Proxy> proxy, const std::string& made, const std::string& end)
+TEST(Proxy, MakesEachCallAsTheServiceKnowsIt)
 {
     TSMenuItem item;
     item.setName("Tuner");
@@ -119,6 +113,9 @@ void WalkProxy(std::unique_ptr<Proxy> proxy, const std::string& made, const std:
     item.setID(7);
     std::string text;
     std::int32_t value = 0;
+    TakeRecord();
+    auto proxy = std::make_unique<TCDebugPrintControlProxy>(kInterface);
+    EXPECT_EQ(TakeRecord(), "com.kavrin.TVService.SignalIFace /com/kavrin/TVService/SignalObject 1");
     std::map<std::string, std::function<std::int32_t()>> operations = {
         {"Start", [&] { return proxy->Start(text); }},
         {"Execute", [&] { return proxy->Execute("03", text); }},
@@ -132,66 +129,71 @@ void WalkProxy(std::unique_ptr<Proxy> proxy, const std::string& made, const std:
         {"SetDebugMode", [&] { return proxy->SetDebugMode(EDebugMode(77), false); }},
         {"IsDebugModeEnabled", [&] { return proxy->IsDebugModeEnabled(DEBUG_MODE_PERFORMANCE); }},
     };
-    EXPECT_EQ(TakeRecord(), made);
     ExpectTalk("proxy.talk", [&](const std::string& said) {
         const std::string name = said.substr(0, said.find(' ')), reply = said.substr(name.size());
-        plays = {{SUCCEEDS, reply}, {FAILS, reply}, {FAILS, ""}, {SUCCEEDS, ""}};
-        std::string call, results;
-        while (!plays.empty()) {
+        std::string called, results;
+        for (const std::string& play : {"+" + reply, "-" + reply, std::string("-"), std::string("+")}) {
+            plays = std::stringstream(play);
             text = "old";
             value = 5;
             const std::int32_t result = operations[name]();
             results += " | " + std::to_string(result) + " " + text + " " + std::to_string(value);
-            call = TakeRecord();
-            call.resize(std::min(call.size(), call.rfind(end)));
+            called = TakeRecord();
         }
-        return call + results;
+        return called + results;
     });
-}
-
-TEST(Proxy, MakesEachCallAsTheServiceKnowsIt)
-{
-    TakeRecord();
-    WalkProxy(std::make_unique<Proxy>(kInterface),
-              "com.kavrin.TVService.SignalIFace /com/kavrin/TVService/SignalObject 1", "\n");
+    proxy = nullptr;
     EXPECT_EQ(TakeRecord(), "closed");
-    WalkProxy(std::make_unique<Proxy>(kInterface, nullptr),
-              "m_pTVSConnection src/debugutil/DebugPrintControlProxy 20ASSERT!!! - function TCDebugPrintControlProxy, "
-              "line 20",
-              " nowhere\n");
-    EXPECT_EQ(TakeRecord(), "");
+    EXPECT_EQ(TCDebugPrintControlProxy(kInterface, nullptr).Stop(), -1);
+    EXPECT_EQ(TakeRecord(), "m_pTVSConnection src/debugutil/DebugPrintControlProxy 20"
+                            "ASSERT!!! - function TCDebugPrintControlProxy, line 20"
+                            "2 Stop(0:u4294967295) nowhere");
 }
 
-TEST(MarshalableString, WithoutAStringAssertsAndFails)
+TEST(MarshalableString, KeepsEveryByteAndAssertsWithoutAString)
 {
-    TCTreeBranch branch;
+    std::string sent("a\0b", 3), received;
+    TCMarshalableString string(&sent), unbound(nullptr);
+    TCTreeBranch branch, nothing;
     unsigned long size = 9;
-    TCMarshalableString unbound(nullptr);
     TakeRecord();
-    EXPECT_FALSE(unbound.ClassToTree(branch) || unbound.TreeToClass(branch) || unbound.GetSizeOfMarshalled(size));
+    EXPECT_FALSE(unbound.ClassToTree(nothing) || unbound.TreeToClass(nothing) || unbound.GetSizeOfMarshalled(size));
     const std::string source = "m_data /usr/include/tvs-api-internal/MarshalableString ";
-    EXPECT_EQ(TakeRecord() + Show(branch) + std::to_string(size), source + "72" + source + "93" + "9");
+    EXPECT_EQ(TakeRecord() + Show(nothing) + std::to_string(size), source + "72" + source + "93" + "9");
+    EXPECT_TRUE(string.ClassToTree(branch) && TCMarshalableString(&received).TreeToClass(branch));
+    EXPECT_TRUE(string.GetSizeOfMarshalled(size));
+    EXPECT_EQ(received + std::to_string(size), sent + "3");
 }
 
-TEST(Shell, ReportsExceptionsOfRemoteCallsAndStops)
+TEST(Shell, GoesByTheResultsOfRemoteCallsAndReportsTheirExceptions)
 {
-    const auto screen = [](const char* reply) { return std::pair(SUCCEEDS, reply); };
-    // The first Start, the second Execute, and Stop: after a menu that was ended, and at the end of the input.
-    for (const auto& play :
-         {std::pair(THROWS, ""), screen("0:u1 0:[0:u3 1:'a> ']"), screen("0:u2 0:[0:u3 1:'b> ']"),
-          std::pair(THROWS, ""), screen(""), screen("0:u1 0:[0:u3 1:'c> ']"), screen("0:u0 0:[0:u3 1:'no>']"),
-          std::pair(THROWS, ""), screen("0:u1 0:[0:u3 1:'d> ']"), std::pair(THROWS, "text")})
-        plays.emplace_back(play);
-    static std::istringstream words("1 1 x y 1 99 1");
+    const auto text = [](const std::string& held) {
+        return held.empty() ? "0:[0:u0]" : "0:[0:u" + std::to_string(held.size()) + " 1:'" + held + "']";
+    };
+    const auto answer = [&](const char* result, const char* screen) {
+        return std::string("+0:u") + result + " " + text(screen) + "\n";
+    };
+    plays = std::stringstream("!\n" + answer("0", "no>") + answer("4294967291", "no>") + answer("2", "a> ") +
+                              answer("2", "b> ") + answer("1", "") + answer("3", "c> ") + "!\n+0:u0\n" +
+                              answer("1", "d> ") + answer("0", "no>") + "!\n" + answer("1", "e> ") +
+                              answer("4294967291", "no>") + "+0:u1\n" + answer("1", "f> ") + "?");
+    static std::istringstream words("1 1 1 1 003 +3\nx\ty\xC3\xA4\xFF\" 1 99 1 3 1");
     std::cin.rdbuf(words.rdbuf());
     TakeRecord();
     TCDebugUtil::StartMenu();
-    const std::string start = kTopMenu + "executing: TVS\n0 Start(0:u4294967295 0:[0:u", failed = "TVS: bro ken\n";
-    const std::string execute = "1 Execute(0:u4294967295 1:[0:u", stop = "2 Stop(0:u4294967295)\n";
-    EXPECT_EQ(TakeRecord(), "DebugUtil\n" + start + "0])\n" + failed + start + "0])\na> " + execute +
-                                "1 1:'x'] 0:[0:u3 1:'a> '])\nb> " + execute + "1 1:'y'] 0:[0:u3 1:'b> '])\n" + failed +
-                                stop + start + "3 1:'b> '])\nc> " + execute + "2 1:'99'] 0:[0:u3 1:'c> '])\n" + stop +
-                                failed + start + "3 1:'no>'])\nd> " + stop + "TVS: unknown exception\n");
+    const auto start = [&](const char* before) {
+        return kTopMenu + "executing: TVS\n0 Start(0:u4294967295 " + text(before) + ")";
+    };
+    const auto execute = [&](const char* before, const char* word) {
+        return before + ("1 Execute(0:u4294967295 1" + text(word).substr(1)) + " " + text(before) + ")";
+    };
+    const std::string failed = "Failed to start TVS debug print control\n", broken = "TVS: bro ken\n",
+                      stop = "2 Stop(0:u4294967295)";
+    EXPECT_EQ(TakeRecord(), "DebugUtil\n" + start("") + broken + start("") + failed + start("no>") + failed +
+                                start("no>") + execute("a> ", "003") + execute("b> ", "+3") + execute("b> ", "x") +
+                                execute("c> ", "y\xC3\xA4\xFF\"") + broken + stop + start("c> ") +
+                                execute("d> ", "99") + stop + broken + start("no>") + execute("e> ", "3") + stop +
+                                start("no>") + "f> " + stop + "TVS: unknown exception\n");
 }
 
 } // namespace
