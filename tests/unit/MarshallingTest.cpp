@@ -22,7 +22,7 @@ struct AskedCreator : TCMarshalableNodeCreator {
     std::string& asked;
 };
 
-TEST(MenuItems, AskTheirCreator)
+TEST(MenuItems, AskTheirCreatorAndKeepWhatDoesNotCome)
 {
     const char* const expected[] = {"fill 1 fill 1 fill 1 ", "release release fill 1 fill 1 fill 1 ",
                                     "release release fill 2 fill 0 fill 0 ", "fill 2 fill 0 fill 0 "};
@@ -39,6 +39,9 @@ TEST(MenuItems, AskTheirCreator)
     TCTreeBranch nothing;
     TCMarshalableMenuItems unbound(nullptr, std::make_unique<TCMarshalableNodeCreator>());
     EXPECT_TRUE(unbound.ClassToTree(nothing) && unbound.TreeToClass(nothing));
+    TSMenuItem item;
+    item.setState(true);
+    EXPECT_TRUE(!item.TreeToClass(nothing) && item.getState());
 }
 
 TEST(Tree, TakesNothingBehindAFailure)
