@@ -55,6 +55,8 @@ TEST(Tree, TakesNothingBehindAFailure)
         writer.PushLengthArray(1, length, &number, nullptr);
         writer.PushValue(2, 4, &number);
         EXPECT_EQ((writer.Extract() ? "written " : "failed ") + Show(branch), expected);
+        TCTreeFormatter base(branch);
+        EXPECT_TRUE(base.Extract() && base.FillOut());
     }
 }
 
