@@ -3,7 +3,7 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build_packages=(g++ cmake ninja-build pkg-config libglib2.0-dev libsystemd-dev)
-check_packages=(libgtest-dev libgmock-dev libbenchmark-dev dbus-daemon)
+check_packages=(libgtest-dev libgmock-dev libbenchmark-dev dbus-daemon systemd)
 # The style tools of the version that tools/lint wants come with one Debian release.
 ! grep -qs '^VERSION_ID="12"' /etc/os-release || check_packages+=(clang-format-14 clang-tidy-14)
 

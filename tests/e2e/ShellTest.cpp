@@ -1,10 +1,8 @@
 // The shell on pipes and descriptors that nobody types on.
-#include "support/Recording.h"
 #include "support/Screens.h"
 #include "support/Tool.h"
 
 #include <gmock/gmock.h>
-#include <regex>
 
 namespace
 {
@@ -37,17 +35,6 @@ TEST(Shell, GoesOnWhenItsReaderIsGone)
     EXPECT_EQ(outcome.status, 0);
     EXPECT_TRUE(IsBalanced(outcome));
     EXPECT_EQ(outcome.trace.size(), 3U);
-}
-
-TEST(Shell, HearsOfNoSignalAfterTheTPMSMenu)
-{
-    std::string input;
-    for (int round = 0; round < 300; ++round)
-        input += "6 18 3 6 99 99\n";
-    const std::string record = Play(input);
-    const std::regex left("TVServiceAPI::DestroySignalSubscriber\\(\\)\n<top>\ncmd> ");
-    EXPECT_EQ(std::distance(std::sregex_iterator(record.begin(), record.end(), left), {}), 300);
-    EXPECT_THAT(record, testing::HasSubstr("\tSIGNAL_TUNE_AROUND_SERVICE_DONE -> profile:702, screenId: 0, "));
 }
 
 // A socket of the platform must never be taken for the console.

@@ -36,6 +36,3 @@ std::string FoldMenus(std::string text)
 }
 
 const std::string kTopMenu = Menus().at("<top>\n") + "cmd> ";
-const std::string kTVSMenu = Menus().at("<tvs>\n") + "cmd> ";
-const std::string kTPMSMenu = Menus().at("<tpms>\n") + "cmd> ";
-const std::string kSubIdPrompt = "**********************\n*****Select SubID*****\n**********************\nInput ? >";

@@ -9,7 +9,4 @@ const std::map<std::string, std::string>& Menus();
 /// The text with each menu as its name.
 std::string FoldMenus(std::string text);
 
-extern const std::string kTopMenu;  ///< with its prompt
-extern const std::string kTVSMenu;  ///< with its prompt
-extern const std::string kTPMSMenu; ///< with its prompt
-extern const std::string kSubIdPrompt;
+extern const std::string kTopMenu; ///< with its prompt

@@ -1,8 +1,6 @@
 #include "support/Tool.h"
 
 #include <fstream>
-#include <iterator>
-#include <sstream>
 
 Tool::Tool(const std::string& scenario, Environment environment)
 {
@@ -38,10 +36,4 @@ std::string RunShell(const std::string& command)
     shell.Start({"sh", "-c", command}, {{"TOOL", TOOL_PATH}});
     shell.End();
     return shell.Text();
-}
-
-std::vector<std::string> Words(const std::string& input)
-{
-    std::istringstream words(input);
-    return {std::istream_iterator<std::string>(words), {}};
 }

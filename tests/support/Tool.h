@@ -22,6 +22,3 @@ Outcome RunTool(const std::string& input, const std::string& scenario = "", cons
 
 /// What the shell command prints; $TOOL in it is the executable.
 std::string RunShell(const std::string& command);
-
-/// The words of an input.
-std::vector<std::string> Words(const std::string& input);

@@ -31,13 +31,6 @@ int OnSignalForAWhile(ESignalType type, TSSignalData data, void*)
     return 0;
 }
 
-int OnSignalHang(ESignalType, TSSignalData, void*)
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    for (std::fputs("told", stderr);;)
-        std::this_thread::sleep_for(std::chrono::hours(1));
-}
-
 void Subscribe(TSignalCallback callback, std::initializer_list<ESignalType> types)
 {
     ISignalSubscriber* subscriber = nullptr;
@@ -67,17 +60,6 @@ TEST(Signals, ArriveOnAThreadUntilTheirSubscriptionEnds)
     Subscribe(OnSignal, {SIGNAL_TUNE_START, SIGNAL_TUNE_SUCCESS});
     EXPECT_EQ(RaiseAndTake(2), (std::vector<int>{SIGNAL_TUNE_START, SIGNAL_TUNE_SUCCESS}));
     TVServiceAPI::DestroySignalSubscriber(OnSignal);
-}
-
-TEST(SignalsDeathTest, AreToldAtTheEndAndDoNotKeepTheProcess)
-{
-    const auto end = [] {
-        Subscribe(OnSignal, {SIGNAL_TUNE_START});
-        Subscribe(OnSignalHang, {SIGNAL_TUNE_START});
-        RaiseAndTake(1);
-        std::exit(0);
-    };
-    EXPECT_EXIT(end(), testing::ExitedWithCode(0), "^told$");
 }
 
 } // namespace

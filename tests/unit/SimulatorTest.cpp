@@ -20,8 +20,6 @@ struct Controls {
     int screenId;
     ISourceControl* source = Make(TVServiceAPI::CreateSourceControl);
     IZoomControl* zoom = Make(TVServiceAPI::CreateZoomControl);
-    IReferenceCount* count = Make(TVServiceAPI::CreateReferenceCount);
-    IPipelineUtility* utility = Make(TVServiceAPI::CreatePipelineUtility);
     IServiceNavigation* navigation = Make(TVServiceAPI::CreateServiceNavigation);
 
     template <class Interface> Interface* Make(int (*factory)(EProfile, int, Interface**)) const
@@ -90,51 +88,6 @@ TEST_F(Simulator, TakesReleasesMessagesAndAssertions)
     TCApiPrintMessage("tag %d has %s", 12, "do\ndata");
     _TCApiAssert("m_data", "a/b", 72, "why");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "tag 12 has do\ndata\nASSERT m_data at a/b:72: why\n");
-}
-
-TEST_F(Simulator, RemembersWhatAPipelinePlays)
-{
-    const auto show = [&] {
-        TCTPMSStatus status;
-        Give(1, {main.utility->GetCurrentTPMSStatus(status)});
-        for (const auto& [pipeline, info] : status.pipelines)
-            std::cout << pipeline.profile << ' ' << pipeline.screenId << ": " << info.source << ' ' << info.serviceId
-                      << std::endl;
-    };
-    ESource source = SOURCE_LAST;
-    int count = 0;
-    TSTvMode mode = kCable;
-    Give(1, {pip.source->GetSource(source), pip.source->SetPreviewSource(SOURCE_AV1, "o"),
-             main.source->SetSource(SOURCE_AV2, 7, "\"\\\n\x1F ~\x7F\x80\xFF")});
-    show();
-    Give(1, {main.source->SetSource(SOURCE_HDMI1, ""), pip.source->SetPreviewSource(SOURCE_AV3, 8, "q"),
-             main.Make(TVServiceAPI::CreateSourceControl)->GetSource(source), main.count->GetReferenceCount(count),
-             pip.count->GetReferenceCount(count), main.navigation->GetTvMode(mode),
-             main.navigation->SetService(~0ULL - 1, 1, 2, "r"), main.navigation->SetTvMode(kCable, "s"),
-             main.navigation->SetBootupService(0, nullptr, 3)});
-    show();
-    Give(1,
-         {pip.navigation->GetTvMode(mode), pip.navigation->SetTvMode({ANTENNA_MODE_UNKNOWN, SERVICE_MODE_DTV}, 10, "t"),
-          pip.navigation->GetTvMode(mode), main.navigation->GetTvMode(mode)});
-    show();
-}
-
-TEST_F(Simulator, KeepsZoomWindows)
-{
-    const TSRectInfo a(1, 2, 3, 4), b(5, 6, 7, 8), c(9, 10, 11, 12);
-    TSRectInfo x, y, z;
-    int id = 0;
-    std::vector<int> ids{9};
-    bool on = true;
-    const auto& zoom = pip.zoom;
-    Give(1, {main.zoom->CreateZoomWindow(id, a, b, c), zoom->CreateZoomWindow(id, b, c, a),
-             zoom->CreateZoomWindow(id, c, a, b), zoom->GetZoomWindowSize(2, x, y, z),
-             zoom->UpdateZoomWindowSize(2, c, a, b), zoom->GetZoomWindowSize(2, x, y, z)});
-    Give(0, {zoom->SetZoomWindow({1, 4}, true), zoom->MuteZoomWindow({4, 1}, true), zoom->DeleteZoomWindow({1, 4}, b),
-             zoom->GetZoomWindowSize(4, x, y, z)});
-    Give(1, {zoom->IsZoomWindowStarted(1, on), zoom->IsZoomWindowMuted(1, on), zoom->SetZoomWindow({1, 3}, true),
-             zoom->IsZoomWindowStarted(3, on), zoom->IsZoomWindowMuted(3, on), zoom->DeleteZoomWindow({3, 1}, a),
-             zoom->CreateZoomWindow(id, a, b, c), zoom->GetConnectedZoomWindows(ids)});
 }
 
 // The id of a service.
