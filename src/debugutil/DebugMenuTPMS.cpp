@@ -93,12 +93,11 @@ int TVSSignalCallback(ESignalType type, EProfile profile, unsigned short screenI
 class TCSubscription
 {
 public:
-    /// Writes null when the TV service gives none.
+    /// Leaves null where the TV service gives none; what it gives is used, whatever it returns.
     explicit TCSubscription(ISignalSubscriber** subscriber)
     {
         *subscriber = nullptr;
-        if (TVServiceAPI::CreateSignalSubscriber(TVSSignalCallback, subscriber) != 0)
-            *subscriber = nullptr;
+        TVServiceAPI::CreateSignalSubscriber(TVSSignalCallback, subscriber);
     }
 
     ~TCSubscription() noexcept(false)

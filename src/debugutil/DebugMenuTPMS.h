@@ -9,7 +9,6 @@
 
 #define DEBUGUTIL_EXPORT __attribute__((visibility("default")))
 
-class IPipelineUtility;
 class IServiceNavigation;
 class ISignalSubscriber;
 enum EAntennaMode : std::int32_t;
@@ -83,10 +82,9 @@ private:
     // Tune preparation.
     void m_Start_Test13_PreparationLogicTest();
     void m_PrintMenu_Test13_PreparationLogicTest();
-    static const TCMenu<TCDebugMenuTPMS&, IPipelineUtility&>& m_Menu_Test18_SignalTunePreparationMechanism();
+    class TCMechanismTest;
     void m_Start_Test18_SignalTunePreparationMechanism();
     void m_PrintMenu_Test18_SignalTunePreparationMechanism();
-    void m_NotifyReceiverState(IPipelineUtility& utility, const char* application, const char* label);
 
     // TV mode, crop and captions.
     static const TCMenu<TCDebugMenuTPMS&, unsigned short>& m_Menu_Test14_SetTvModeTest();

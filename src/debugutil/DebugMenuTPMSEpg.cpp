@@ -19,10 +19,7 @@ const std::vector<ESignalType> kBarkerChannelSignals = {SIGNAL_SI_STARTED, SIGNA
 
 TSTvMode CurrentMode() { return {ANTENNA_MODE_UNKNOWN, SERVICE_MODE_UNKNOWN}; }
 
-void ReportCall(const char* operation, int result)
-{
-    console::WriteLine(std::string("\tcalled ") + operation + ", ret: " + std::to_string(result));
-}
+void ReportCall(const std::string& called, int result) { console::WriteLine(called + std::to_string(result)); }
 
 // Whether the service has a programme with a title; its length in 16-bit units then.
 bool ReadTitle(IServiceGuide& guide, unsigned long long serviceId, unsigned int& length)
@@ -111,7 +108,7 @@ void TCDebugMenuTPMS::TCEpgTest::CheckTuneAround()
 {
     TServiceList services;
     if (m_menu.m_GetServiceList(services, &m_navigation))
-        ReportCall("IsTuneAroundNeeded", m_scan.IsTuneAroundNeeded(services));
+        ReportCall("\tcalled IsTuneAroundNeeded, ret: ", m_scan.IsTuneAroundNeeded(services));
 }
 
 void TCDebugMenuTPMS::TCEpgTest::StartTuneAround()
@@ -119,29 +116,29 @@ void TCDebugMenuTPMS::TCEpgTest::StartTuneAround()
     AddSignals(kTuneAroundSignals);
     TServiceList services;
     if (m_menu.m_GetServiceList(services, &m_navigation))
-        ReportCall("StartTuneAround", m_scan.StartTuneAround(services, "DebugMenu"));
+        ReportCall("\tcalled StartTuneAround, ret: ", m_scan.StartTuneAround(services, "DebugMenu"));
 }
 
 void TCDebugMenuTPMS::TCEpgTest::StopTuneAround()
 {
-    ReportCall("StopManualScan", m_scan.StopManualScan());
+    ReportCall("\tcalled StopManualScan, ret: ", m_scan.StopManualScan());
     RemoveSignals(kTuneAroundSignals);
 }
 
 void TCDebugMenuTPMS::TCEpgTest::CheckBarkerChannelScan()
 {
-    ReportCall("IsBarkerChannelScanAvailable", m_scan.IsBarkerChannelScanAvailable(CurrentMode()));
+    ReportCall("\tcalled IsBarkerChannelScanAvailable, ret: ", m_scan.IsBarkerChannelScanAvailable(CurrentMode()));
 }
 
 void TCDebugMenuTPMS::TCEpgTest::StartBarkerChannelScan()
 {
     AddSignals(kBarkerChannelSignals);
-    ReportCall("StartBarkerChannelScan", m_scan.StartBarkerChannelScan("", CurrentMode()));
+    ReportCall("\tcalled StartBarkerChannelScan, ret: ", m_scan.StartBarkerChannelScan("", CurrentMode()));
 }
 
 void TCDebugMenuTPMS::TCEpgTest::StopBarkerChannelScan()
 {
-    ReportCall("StopBarkerChannelScan", m_scan.StopBarkerChannelScan());
+    ReportCall("\tcalled StopBarkerChannelScan, ret: ", m_scan.StopBarkerChannelScan());
     std::this_thread::sleep_for(kLastSignals); // a last chance for what the scan reports as it stops
     RemoveSignals(kBarkerChannelSignals);
 }

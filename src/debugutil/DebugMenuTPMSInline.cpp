@@ -39,15 +39,15 @@ void TCDebugMenuTPMS::m_PrintLatestServices()
     const TSTvMode cable(ANTENNA_MODE_CABLE, SERVICE_MODE_DTV);
     const TSTvMode air(ANTENNA_MODE_AIR, SERVICE_MODE_DTV);
     unsigned long long serviceId = INVALID_SERVICE_ID; // one for all: a query that writes none shows the one before
-    const auto print = [&serviceId](const char* label) {
-        console::WriteLine(std::string(label) + " serviceId " + std::to_string(serviceId));
+    const auto print = [&serviceId](const std::string& label) {
+        console::WriteLine(label + std::to_string(serviceId));
     };
     navigation->GetLatestRFServiceId(serviceId, cable);
-    print("[RF][CABLE]");
+    print("[RF][CABLE] serviceId ");
     navigation->GetLatestVelunaServiceId(serviceId, cable);
-    print("[VELUNA][CABLE]");
+    print("[VELUNA][CABLE] serviceId ");
     navigation->GetLatestRFServiceId(serviceId, air);
-    print("[RF][AIR]");
+    print("[RF][AIR] serviceId ");
     navigation->GetLatestVelunaServiceId(serviceId, air);
-    print("[VELUNA][AIR]");
+    print("[VELUNA][AIR] serviceId ");
 }

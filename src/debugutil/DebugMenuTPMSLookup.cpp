@@ -16,10 +16,9 @@ constexpr unsigned int kServiceOfTheList = 5;
 
 void ReportMissingTag(int field)
 {
-    constexpr const char* rule = "*************************** ASSERT TAG ***************************";
-    TCApiPrintMessage("%s", rule);
+    TCApiPrintMessage("*************************** ASSERT TAG ***************************");
     TCApiPrintMessage("******************* ASSERT: missing tag[%3d] *********************", field);
-    TCApiPrintMessage("%s", rule);
+    TCApiPrintMessage("*************************** ASSERT TAG ***************************");
 }
 
 template <class Number> Number ReadTag(const TCServiceData& service, int field)
@@ -69,15 +68,18 @@ TCCriteriaHelper ChannelCriteria(EServiceProfile profile, unsigned short major)
     return criteria;
 }
 
-bool FindServiceId(IService& service, const TCCriteriaHelper& criteria, unsigned long long& serviceId)
+bool FindService(IService& service, const TCCriteriaHelper& criteria, TCServiceData& data)
+{
+    if (service.FindService(criteria, data, 1) > 0)
+        return true;
+    console::Write("FindService failed");
+    return false;
+}
+
+unsigned long long FindServiceId(IService& service, const TCCriteriaHelper& criteria)
 {
     TCServiceData data;
-    if (service.FindService(criteria, data, 1) <= 0) {
-        console::Write("FindService failed");
-        return false;
-    }
-    serviceId = ReadServiceIdTag(data);
-    return true;
+    return FindService(service, criteria, data) ? ReadServiceIdTag(data) : INVALID_SERVICE_ID;
 }
 
 } // namespace tpms
@@ -106,33 +108,29 @@ bool TCDebugMenuTPMS::m_GetServiceList(TServiceList& services, IServiceNavigatio
 
 unsigned long long TCDebugMenuTPMS::m_GetServiceId(EAntennaMode antenna, unsigned short major)
 {
-    unsigned long long serviceId = INVALID_SERVICE_ID;
     const auto service = tpms::CreateService();
     if (!service)
-        return serviceId;
+        return INVALID_SERVICE_ID;
     const auto navigation = tpms::CreateServiceNavigation();
     if (!navigation)
-        return serviceId;
+        return INVALID_SERVICE_ID;
     TSTvMode mode(ANTENNA_MODE_UNKNOWN, SERVICE_MODE_UNKNOWN);
     navigation->GetTvMode(mode);
     TCCriteriaHelper criteria = tpms::ChannelCriteria(tpms::ServiceProfileOf(mode), major);
     criteria.Where(tpms::kChannelType, TCServiceUtility::AntennaModeToDigitalChannelType(antenna));
-    tpms::FindServiceId(*service, criteria, serviceId);
-    return serviceId;
+    return tpms::FindServiceId(*service, criteria);
 }
 
 unsigned long long TCDebugMenuTPMS::m_GetServiceId(unsigned short major)
 {
-    unsigned long long serviceId = INVALID_SERVICE_ID;
     const auto service = tpms::CreateService();
     if (!service)
-        return serviceId;
+        return INVALID_SERVICE_ID;
     TCCriteriaHelper criteria;
     TCNavigationModeHelper::GetNavigationCriteria(NAVIGATION_MODE_CHANNEL, criteria, NAVIGATION_SORT_DEFAULT);
     criteria.Where(tpms::kMajor, major);
     criteria.Fetch(tpms::kServiceId);
-    tpms::FindServiceId(*service, criteria, serviceId);
-    return serviceId;
+    return tpms::FindServiceId(*service, criteria);
 }
 
 int TCDebugMenuTPMS::m_GetVconfInt(const char* key, int* value) { return vconf_get_int(key, value); }

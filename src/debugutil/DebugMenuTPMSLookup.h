@@ -37,7 +37,9 @@ int ReadNumberTag(const TCServiceData& service, int field);
 EServiceProfile ServiceProfileOf(const TSTvMode& mode);
 /// Services of that profile and major channel number; delivers the service id.
 TCCriteriaHelper ChannelCriteria(EServiceProfile profile, unsigned short major);
-/// Finds the first service; false, with "FindService failed" on the console, when there is none.
-bool FindServiceId(IService& service, const TCCriteriaHelper& criteria, unsigned long long& serviceId);
+/// Fills in the first service; false, with "FindService failed" on the console, when there is none.
+bool FindService(IService& service, const TCCriteriaHelper& criteria, TCServiceData& data);
+/// The id of that service; INVALID_SERVICE_ID without one.
+unsigned long long FindServiceId(IService& service, const TCCriteriaHelper& criteria);
 
 } // namespace tpms

@@ -5,9 +5,6 @@
 namespace
 {
 
-constexpr const char* kApplication = "DebugMenuTPMS";
-constexpr const char* kApp1 = "org.ostrel.sigtunepreptest1";
-constexpr const char* kApp2 = "org.ostrel.sigtunepreptest2";
 constexpr int kReady = 1;
 
 void CheckPending(IPipelineUtility& utility, EStateChange kind)
@@ -16,112 +13,145 @@ void CheckPending(IPipelineUtility& utility, EStateChange kind)
     utility.CheckPendingState(kind, pending);
 }
 
-const TCMenu<IPipelineUtility&> kPreparationMenu = {
+const TCMenu<IPipelineUtility&, const std::string&> kPreparationMenu = {
     tpms::Frame(),
     "\t[Test13 List - Preparation Logic Test]\t\n",
     {
         {1, " 1. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SERVICE \n",
-         [](IPipelineUtility& utility) { utility.RegisterForStateChange(STATE_CHANGE_SERVICE, kApplication, 0); }},
+         [](IPipelineUtility& utility, const std::string& application) {
+             utility.RegisterForStateChange(STATE_CHANGE_SERVICE, application, 0);
+         }},
         {2, " 2. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SERVICE \n",
-         [](IPipelineUtility& utility) { utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, kApplication); }},
+         [](IPipelineUtility& utility, const std::string& application) {
+             utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, application);
+         }},
         {3, " 3. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SERVICE \n",
-         [](IPipelineUtility& utility) {
-             utility.NotifyReceiverState(STATE_CHANGE_SERVICE, kApplication, kReady, INVALID_SERVICE_ID);
+         [](IPipelineUtility& utility, const std::string& application) {
+             utility.NotifyReceiverState(STATE_CHANGE_SERVICE, application, kReady, INVALID_SERVICE_ID);
          }},
         {4, " 4. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SERVICE \n",
-         [](IPipelineUtility& utility) { CheckPending(utility, STATE_CHANGE_SERVICE); }},
+         [](IPipelineUtility& utility, const std::string&) { CheckPending(utility, STATE_CHANGE_SERVICE); }},
         {0, " ========================================================================= \n", nullptr},
         {5, " 5. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SOURCE \n",
-         [](IPipelineUtility& utility) { utility.RegisterForStateChange(STATE_CHANGE_SOURCE, kApplication, 0); }},
+         [](IPipelineUtility& utility, const std::string& application) {
+             utility.RegisterForStateChange(STATE_CHANGE_SOURCE, application, 0);
+         }},
         {6, " 6. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SOURCE \n",
-         [](IPipelineUtility& utility) { utility.UnregisterFromStateChange(STATE_CHANGE_SOURCE, kApplication); }},
+         [](IPipelineUtility& utility, const std::string& application) {
+             utility.UnregisterFromStateChange(STATE_CHANGE_SOURCE, application);
+         }},
         {7, " 7. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SOURCE \n",
-         [](IPipelineUtility& utility) {
-             utility.NotifyReceiverState(STATE_CHANGE_SOURCE, kApplication, kReady, INVALID_SERVICE_ID);
+         [](IPipelineUtility& utility, const std::string& application) {
+             utility.NotifyReceiverState(STATE_CHANGE_SOURCE, application, kReady, INVALID_SERVICE_ID);
          }},
         {8, " 8. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SOURCE \n",
-         [](IPipelineUtility& utility) { CheckPending(utility, STATE_CHANGE_SOURCE); }},
+         [](IPipelineUtility& utility, const std::string&) { CheckPending(utility, STATE_CHANGE_SOURCE); }},
     },
 };
-
-void RegisterApp(IPipelineUtility& utility, const char* application, const char* label)
-{
-    tpms::ReportResult(label, utility.RegisterForStateChange(STATE_CHANGE_SERVICE, application, 0));
-}
-
-void UnregisterApp(IPipelineUtility& utility, const char* application, const char* label)
-{
-    tpms::ReportResult(label, utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, application));
-}
-
-void ReportPending(IPipelineUtility& utility)
-{
-    bool pending = false;
-    const int result = utility.CheckPendingState(STATE_CHANGE_SERVICE, pending);
-    console::WriteLine(std::string("pending=") + (pending ? "1" : "0"));
-    tpms::ReportResult("CheckPendingState", result);
-}
-
-void WithdrawPending(IPipelineUtility& utility)
-{
-    bool pending = false;
-    utility.CheckPendingState(STATE_CHANGE_SERVICE, pending);
-    if (!pending)
-        return;
-    utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, kApp1);
-    utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, kApp2);
-}
 
 } // namespace
 
 void TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest()
 {
     const auto utility = tpms::CreatePipelineUtility();
+    const std::string application = "DebugMenuTPMS";
     if (utility)
-        m_RunMenu(kPreparationMenu, tpms::kCommandPrompt, tpms::Leave, *utility);
+        m_RunMenu(kPreparationMenu, tpms::kCommandPrompt, tpms::Leave, *utility, application);
 }
 
 void TCDebugMenuTPMS::m_PrintMenu_Test13_PreparationLogicTest() { tpms::PrintMenu(kPreparationMenu); }
 
-const TCMenu<TCDebugMenuTPMS&, IPipelineUtility&>& TCDebugMenuTPMS::m_Menu_Test18_SignalTunePreparationMechanism()
+// Two simulated applications take part in changes of service.
+class TCDebugMenuTPMS::TCMechanismTest
+{
+public:
+    TCMechanismTest(TCDebugMenuTPMS& menu, IPipelineUtility& utility) : m_menu(menu), m_utility(utility) {}
+
+    static const TCMenu<TCMechanismTest&>& Menu();
+
+    /// Withdraws both applications if a change waits for one of them.
+    void WithdrawPending();
+
+private:
+    void Register(const std::string& application, const char* label);
+    void Notify(const std::string& application, const char* label);
+    void Unregister(const std::string& application, const char* label);
+    void ReportPending();
+
+    TCDebugMenuTPMS& m_menu;
+    IPipelineUtility& m_utility;
+    const std::string m_app1 = "org.ostrel.sigtunepreptest1";
+    const std::string m_app2 = "org.ostrel.sigtunepreptest2";
+};
+
+const TCMenu<TCDebugMenuTPMS::TCMechanismTest&>& TCDebugMenuTPMS::TCMechanismTest::Menu()
 {
     // Wider rules than those of the other menus.
     static const TSMenuFrame frame = {" " + std::string(86, '=') + "\n", " " + std::string(86, '-') + "\n"};
-    static const TCMenu<TCDebugMenuTPMS&, IPipelineUtility&> table = {
+    static const TCMenu<TCMechanismTest&> table = {
         frame,
         "\t      [Test18 List - SignalTunePreparationMechanism (AIR/CABLE/SAT)]\n",
         {
             {1, " 1. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App1)\n",
-             [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
-                 RegisterApp(utility, kApp1, "RegisterForStateChange (App1)");
-             }},
+             [](TCMechanismTest& test) { test.Register(test.m_app1, "RegisterForStateChange (App1)"); }},
             {2, " 2. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App1)\n",
-             [](TCDebugMenuTPMS& menu, IPipelineUtility& utility) {
-                 menu.m_NotifyReceiverState(utility, kApp1, "NotifyReceiverState (App1)");
-             }},
+             [](TCMechanismTest& test) { test.Notify(test.m_app1, "NotifyReceiverState (App1)"); }},
             {3, " 3. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App1)\n",
-             [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
-                 UnregisterApp(utility, kApp1, "UnregisterFromStateChange (App1)");
-             }},
+             [](TCMechanismTest& test) { test.Unregister(test.m_app1, "UnregisterFromStateChange (App1)"); }},
             {0, frame.thick, nullptr},
             {4, " 4. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App2)\n",
-             [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
-                 RegisterApp(utility, kApp2, "RegisterForStateChange (App2)");
-             }},
+             [](TCMechanismTest& test) { test.Register(test.m_app2, "RegisterForStateChange (App2)"); }},
             {5, " 5. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App2)\n",
-             [](TCDebugMenuTPMS& menu, IPipelineUtility& utility) {
-                 menu.m_NotifyReceiverState(utility, kApp2, "NotifyReceiverState (App2)");
-             }},
+             [](TCMechanismTest& test) { test.Notify(test.m_app2, "NotifyReceiverState (App2)"); }},
             {6, " 6. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App2)\n",
-             [](TCDebugMenuTPMS&, IPipelineUtility& utility) {
-                 UnregisterApp(utility, kApp2, "UnregisterFromStateChange (App2)");
-             }},
+             [](TCMechanismTest& test) { test.Unregister(test.m_app2, "UnregisterFromStateChange (App2)"); }},
             {0, frame.thick, nullptr},
-            {7, " 7. call [Main Handle] CheckPendingState(STATE_CHANGE_SERVICE) \n",
-             [](TCDebugMenuTPMS&, IPipelineUtility& utility) { ReportPending(utility); }},
+            {7, " 7. call [Main Handle] CheckPendingState(STATE_CHANGE_SERVICE) \n", &TCMechanismTest::ReportPending},
         },
     };
     return table;
+}
+
+void TCDebugMenuTPMS::TCMechanismTest::Register(const std::string& application, const char* label)
+{
+    tpms::ReportResult(label, m_utility.RegisterForStateChange(STATE_CHANGE_SERVICE, application, 0));
+}
+
+void TCDebugMenuTPMS::TCMechanismTest::Notify(const std::string& application, const char* label)
+{
+    const int major = m_menu.m_SelectCmd("Enter next channel major (int)> ");
+    if (major == tpms::kNoAnswer)
+        return;
+    const unsigned long long serviceId = m_menu.m_GetServiceId(static_cast<unsigned short>(major));
+    if (serviceId == INVALID_SERVICE_ID) {
+        tpms::ReportMajor(major);
+        return;
+    }
+    console::WriteLine("major = " + std::to_string(major) + " ,serviceId = " + std::to_string(serviceId));
+    tpms::ReportResult(label, m_utility.NotifyReceiverState(STATE_CHANGE_SERVICE, application, kReady, serviceId));
+}
+
+void TCDebugMenuTPMS::TCMechanismTest::Unregister(const std::string& application, const char* label)
+{
+    tpms::ReportResult(label, m_utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, application));
+}
+
+void TCDebugMenuTPMS::TCMechanismTest::ReportPending()
+{
+    bool pending = false;
+    const int result = m_utility.CheckPendingState(STATE_CHANGE_SERVICE, pending);
+    console::WriteLine(std::string("pending=") + (pending ? "1" : "0"));
+    tpms::ReportResult("CheckPendingState", result);
+}
+
+void TCDebugMenuTPMS::TCMechanismTest::WithdrawPending()
+{
+    bool pending = false;
+    m_utility.CheckPendingState(STATE_CHANGE_SERVICE, pending);
+    if (!pending)
+        return;
+    m_utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, m_app1);
+    m_utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, m_app2);
 }
 
 void TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism()
@@ -129,25 +159,9 @@ void TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism()
     const auto utility = tpms::CreatePipelineUtility();
     if (!utility)
         return;
-    m_RunMenu(m_Menu_Test18_SignalTunePreparationMechanism(), tpms::kCommandPrompt, tpms::Ignore, *this, *utility);
-    WithdrawPending(*utility);
+    TCMechanismTest test(*this, *utility);
+    m_RunMenu(TCMechanismTest::Menu(), tpms::kCommandPrompt, tpms::Ignore, test);
+    test.WithdrawPending();
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test18_SignalTunePreparationMechanism()
-{
-    tpms::PrintMenu(m_Menu_Test18_SignalTunePreparationMechanism());
-}
-
-void TCDebugMenuTPMS::m_NotifyReceiverState(IPipelineUtility& utility, const char* application, const char* label)
-{
-    const int major = m_SelectCmd("Enter next channel major (int)> ");
-    if (major == tpms::kNoAnswer)
-        return;
-    const unsigned long long serviceId = m_GetServiceId(static_cast<unsigned short>(major));
-    if (serviceId == INVALID_SERVICE_ID) {
-        tpms::ReportMajor(major);
-        return;
-    }
-    console::WriteLine("major = " + std::to_string(major) + " ,serviceId = " + std::to_string(serviceId));
-    tpms::ReportResult(label, utility.NotifyReceiverState(STATE_CHANGE_SERVICE, application, kReady, serviceId));
-}
+void TCDebugMenuTPMS::m_PrintMenu_Test18_SignalTunePreparationMechanism() { tpms::PrintMenu(TCMechanismTest::Menu()); }

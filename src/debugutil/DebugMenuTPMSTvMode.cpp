@@ -80,8 +80,9 @@ void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short ma
     } else {
         criteria.Where(tpms::kChannelType, TCServiceUtility::AntennaModeToDigitalChannelType(antenna));
     }
-    unsigned long long serviceId = INVALID_SERVICE_ID;
-    if (tpms::FindServiceId(*service, criteria, serviceId) && navigation->SetTvMode(mode, serviceId, "") <= 0)
+    TCServiceData data; // goes before the criteria and the controls
+    if (tpms::FindService(*service, criteria, data) &&
+        navigation->SetTvMode(mode, tpms::ReadServiceIdTag(data), "") <= 0)
         console::Write(" SetTVMode failed!");
 }
 

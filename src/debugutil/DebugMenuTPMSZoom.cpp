@@ -6,6 +6,9 @@ namespace
 {
 
 constexpr const char* kWindowPrompt = "WindowId = ";
+constexpr const char* kSourcePrompts[] = {"SrcX = ", "SrcY = ", "SrcWidth = ", "SrcHeight = "};
+constexpr const char* kDestinationPrompts[] = {"DstX = ", "DstY = ", "DstWidth = ", "DstHeight = "};
+constexpr const char* kMainPrompts[] = {"MainX = ", "MainY = ", "MainWidth = ", "MainHeight = "};
 constexpr const char* kOnOffPrompt = "OnOff (1/0) = ";
 
 void ReportApiResult(const std::string& outcome, int result)
@@ -44,7 +47,7 @@ private:
     void ResizeWindow();
     void ListWindows();
 
-    TSRectInfo ReadRect(const std::string& name);
+    TSRectInfo ReadRect(const char* const (&prompts)[4]);
 
     TCDebugMenuTPMS& m_menu;
     IZoomControl& m_zoom;
@@ -91,9 +94,9 @@ void TCDebugMenuTPMS::TCZoomTest::CheckSharingType()
 
 void TCDebugMenuTPMS::TCZoomTest::CreateWindow()
 {
-    const TSRectInfo source = ReadRect("Src");
-    const TSRectInfo destination = ReadRect("Dst");
-    const TSRectInfo main = ReadRect("Main");
+    const TSRectInfo source = ReadRect(kSourcePrompts);
+    const TSRectInfo destination = ReadRect(kDestinationPrompts);
+    const TSRectInfo main = ReadRect(kMainPrompts);
     if (console::InputEnded())
         return;
     int handle = -1;
@@ -104,7 +107,7 @@ void TCDebugMenuTPMS::TCZoomTest::CreateWindow()
 void TCDebugMenuTPMS::TCZoomTest::DeleteWindow()
 {
     const int id = m_menu.m_SelectCmd(kWindowPrompt);
-    const TSRectInfo main = ReadRect("Main");
+    const TSRectInfo main = ReadRect(kMainPrompts);
     if (!console::InputEnded())
         ReportApiResult("Window destroy!", m_zoom.DeleteZoomWindow({id}, main));
 }
@@ -130,9 +133,9 @@ void TCDebugMenuTPMS::TCZoomTest::AskWindow(TWindowQuestion operation, const cha
 void TCDebugMenuTPMS::TCZoomTest::ResizeWindow()
 {
     const int id = m_menu.m_SelectCmd(kWindowPrompt);
-    const TSRectInfo source = ReadRect("Src");
-    const TSRectInfo destination = ReadRect("Dst");
-    const TSRectInfo main = ReadRect("Main");
+    const TSRectInfo source = ReadRect(kSourcePrompts);
+    const TSRectInfo destination = ReadRect(kDestinationPrompts);
+    const TSRectInfo main = ReadRect(kMainPrompts);
     if (!console::InputEnded())
         ReportApiResult("Window size updated!", m_zoom.UpdateZoomWindowSize(id, source, destination, main));
 }
@@ -148,13 +151,13 @@ void TCDebugMenuTPMS::TCZoomTest::ListWindows()
     console::WriteLine("Connected window ids = [" + list + "]");
 }
 
-TSRectInfo TCDebugMenuTPMS::TCZoomTest::ReadRect(const std::string& name)
+TSRectInfo TCDebugMenuTPMS::TCZoomTest::ReadRect(const char* const (&prompts)[4])
 {
     TSRectInfo rectangle;
-    rectangle.x = m_menu.m_SelectCmd(name + "X = ");
-    rectangle.y = m_menu.m_SelectCmd(name + "Y = ");
-    rectangle.width = m_menu.m_SelectCmd(name + "Width = ");
-    rectangle.height = m_menu.m_SelectCmd(name + "Height = ");
+    rectangle.x = m_menu.m_SelectCmd(prompts[0]);
+    rectangle.y = m_menu.m_SelectCmd(prompts[1]);
+    rectangle.width = m_menu.m_SelectCmd(prompts[2]);
+    rectangle.height = m_menu.m_SelectCmd(prompts[3]);
     return rectangle;
 }
 

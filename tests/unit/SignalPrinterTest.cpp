@@ -64,7 +64,7 @@ std::atomic<int> g_settled{0};
 
 template <class... Arguments> int Settled(ESignalType, Arguments...) { return ++g_settled; }
 
-void Raise(int type, const TVSHandle& pipeline = {}, const TSSignalData& data = {})
+void Raise(int type, const host::Pipeline& pipeline = {}, const TSSignalData& data = {})
 {
     host::SignalHub::Instance().Raise(static_cast<ESignalType>(type), pipeline, data);
 }
@@ -132,7 +132,7 @@ TEST(SignalPrinters, OfTheTVSMenuNameTheSignals)
 
 // What arrives, and how it is printed.
 struct Signals {
-    TVSHandle pipeline;
+    host::Pipeline pipeline;
     std::uint64_t data; // the first eight bytes, the last one first
     const char *pipelineText, *started, *completed, *success;
 };
