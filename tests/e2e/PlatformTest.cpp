@@ -16,8 +16,7 @@ TEST(Platform, RefusesWhatItCannotPlayOrTrace)
         {"TVS_SCENARIO", "/a\nb", "scenario /a\\nb: No such file or directory\n"},
         {"TVS_SCENARIO", pipe, "scenario " + pipe + ": not a regular file\n"},
         {"TVS_SCENARIO", "/proc/self/comm",
-         "scenario /proc/self/comm: Key file contains line "
-         "“DebugUtil” which is not a key-value pair, group, or comment\n"},
+         "scenario /proc/self/comm: neither a group, a key nor a comment: DebugUtil\n"},
         {"TVS_TRACE", "/a\nb/c", "trace /a\\nb/c: No such file or directory\n"},
         {"TVS_TRACE", pipe, "trace " + pipe + ": No such device or address\n"},
     };
@@ -34,7 +33,9 @@ TEST(Platform, TracesToStandardErrorOrNotAtAll)
     const std::string trace = "TVServiceAPI::CreatePipelineUtility(1, 0) = 0\n"
                               "IPipelineUtility::GetPIDSetStatus() ! two\\nlines\n"
                               "TVServiceAPI::Destroy(IPipelineUtility)\n";
-    for (const auto& [path, shown] : {std::pair<const char*, std::string>("-", trace), {"", ""}, {"/dev/full", ""}}) {
+    for (const auto& [path, shown] : {std::pair<const char*, std::string>("-", trace),
+                                      {"", ""},
+                                      {"/dev/full", "trace /dev/full: No space left on device\n"}}) {
         const Outcome outcome =
             RunTool("5 15 99 99", "[throw]\nIPipelineUtility::GetPIDSetStatus=two\\nlines\n", {{"TVS_TRACE", path}});
         EXPECT_EQ(outcome.status, 0);

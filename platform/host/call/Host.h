@@ -4,6 +4,9 @@
 #include "host/call/Scenario.h"
 #include "host/call/Trace.h"
 
+#include <array>
+#include <atomic>
+
 namespace host
 {
 
@@ -12,6 +15,7 @@ namespace host
 struct Host {
     Scenario scenario;
     Trace trace;
+    std::array<std::atomic<unsigned>, kOperationCount> calls = {}; ///< of each operation so far
 
     /// Sets up from the environment on the first call; ends the process with status 2 if the settings cannot be used.
     static Host& Instance();

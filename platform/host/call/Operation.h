@@ -7,6 +7,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -46,7 +47,9 @@ auto Operation(Op operation, const std::tuple<Arguments...>& arguments, Work&& w
         host.trace.Write(NameOf(operation) + ("(" + shown) + ")" + outcome);
     };
 
-    const Fault& fault = host.scenario.FaultOf(operation);
+    const Fault fault = host.scenario.FaultOf(operation, ++host.calls[static_cast<std::size_t>(operation)]);
+    if (fault.delay)
+        std::this_thread::sleep_for(*fault.delay);
     if (fault.thrown) {
         trace(" ! " + OneLine(*fault.thrown));
         throw std::runtime_error(*fault.thrown);

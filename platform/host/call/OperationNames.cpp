@@ -29,6 +29,8 @@ std::optional<Op> OperationNamed(std::string_view name)
     return static_cast<Op>(found - std::begin(kNames));
 }
 
+std::vector<std::string> OperationNames() { return {std::begin(kNames), std::end(kNames)}; }
+
 bool IsFactory(Op operation)
 {
     constexpr std::string_view prefix = "TVServiceAPI::Create";

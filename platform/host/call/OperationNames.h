@@ -3,7 +3,9 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace host
 {
@@ -23,6 +25,9 @@ const char* NameOf(Op operation);
 
 /// The call of that name, or none.
 std::optional<Op> OperationNamed(std::string_view name);
+
+/// All names.
+std::vector<std::string> OperationNames();
 
 /// Whether the call fills in an object.
 bool IsFactory(Op operation);

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "host/call/OperationNames.h"
+#include "tvs-api/Types.h"
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -22,12 +24,22 @@ struct ScenarioService {
     std::optional<std::string> title; ///< UTF-8; none: no programme, empty: a programme without a title
 };
 
-/// What an operation does instead of its work.
+/// What an operation does instead of its work, and how long it waits before that.
 struct Fault {
     std::optional<int> result;
     bool object = false; ///< a factory with a result fills in its object all the same
     std::optional<std::string> thrown;
+    std::optional<std::chrono::milliseconds> delay;
 };
+
+/// The faults of one operation.
+struct Faults {
+    Fault always;
+    std::map<unsigned, Fault> byCall; ///< counted from 1; these beat the other
+};
+
+/// Signals carry that many bytes.
+constexpr std::size_t kSignalBytes = sizeof(TSSignalData::bytes);
 
 struct Scenario {
     std::int32_t antennaMode = 0;
@@ -39,18 +51,22 @@ struct Scenario {
     std::map<std::string, std::int32_t> vconf;
     std::optional<std::uint64_t> latestRFCable, latestRFAir, latestVelunaCable, latestVelunaAir;
     std::vector<ScenarioService> services;
-    std::array<Fault, kOperationCount> faults; ///< by operation
+    std::array<Faults, kOperationCount> faults; ///< by operation
+    std::map<int, TSSignalData> signals;        ///< what signals of a type carry, where that is given
 
-    const Fault& FaultOf(Op operation) const { return faults[static_cast<std::size_t>(operation)]; }
+    /// Of the operation's call with that number, counted from 1.
+    Fault FaultOf(Op operation, unsigned call) const;
 };
 
 /// Reads a scenario from the text of a key file; `path` names it in errors. Throws as LoadScenario.
 Scenario ParseScenario(const std::string& path, const std::string& text);
 
-/// Reads the file. Throws std::runtime_error with one line that names file, group and key of what is wrong.
+/// Reads the file. Throws std::runtime_error with one line that names file, group, key and
+/// value of what is wrong.
 Scenario LoadScenario(const std::string& path);
 
-/// The television that is played when no file is given.
+/// The television that is played when no file is given, and its text.
 Scenario BuiltInScenario();
+extern const char* const kBuiltInScenario;
 
 } // namespace host

@@ -1,9 +1,35 @@
 #include "host/call/Text.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <numeric>
+#include <utility>
 
 namespace host
 {
+namespace
+{
+
+// Whether the byte goes on with a character of UTF-8.
+bool IsContinued(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+// How many characters must be typed anew, left out or put in to make the one word of the other.
+std::size_t Distance(const std::string& a, const std::string& b)
+{
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = row[0]++;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t changed = diagonal + (a[i] == b[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+} // namespace
 
 std::string HexEscape(unsigned char byte)
 {
@@ -25,6 +51,35 @@ std::string OneLine(const std::string& text)
             line += character;
     }
     return line;
+}
+
+std::string Stripped(const std::string& text)
+{
+    constexpr const char* blanks = " \t\r\n\v\f";
+    const std::size_t first = text.find_first_not_of(blanks);
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string Shortened(const std::string& text)
+{
+    constexpr std::size_t most = 80;
+    std::size_t characters = 0, bytes = 0;
+    while (bytes < text.size() && (IsContinued(text[bytes]) || characters < most))
+        characters += IsContinued(text[bytes++]) ? 0 : 1;
+    return bytes == text.size() ? text : text.substr(0, bytes) + "...";
+}
+
+std::string NearestTo(const std::string& word, const std::vector<std::string>& known)
+{
+    constexpr std::size_t most = 2;
+    std::vector<std::pair<std::size_t, std::string>> ranked;
+    for (const std::string& candidate : known)
+        ranked.emplace_back(Distance(Shortened(word), candidate), candidate);
+    std::sort(ranked.begin(), ranked.end());
+    std::string text;
+    for (std::size_t i = 0; i < std::min(most, ranked.size()); ++i)
+        text += (i == 0 ? "; nearest: " : ", ") + ranked[i].second;
+    return text;
 }
 
 } // namespace host

@@ -1,11 +1,13 @@
 #include "host/call/Trace.h"
 
+#include "host/call/StandardStreams.h"
 #include "host/call/Text.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <stdexcept>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace host
@@ -83,6 +85,7 @@ std::string Show(const std::vector<int>& ids) { return ShowAll(ids, ", ", "[]", 
 void Trace::Open(const std::string& path)
 {
     // A pipe that nobody reads is refused, not waited for.
+    m_path = path;
     m_descriptor = path == "-"
                        ? STDERR_FILENO
                        : open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666);
@@ -96,12 +99,24 @@ void Trace::Write(std::string line)
 {
     line += '\n';
     const std::lock_guard<std::mutex> lock(m_mutex);
-    for (std::size_t done = 0; done < line.size();) {
+    for (std::size_t done = 0; done < line.size() && !m_ended;) {
         const ssize_t written = write(m_descriptor, line.data() + done, line.size() - done);
-        if (written < 0 && errno != EINTR)
-            return; // a full disk must not stop the engineer
-        done += written < 0 ? 0 : static_cast<std::size_t>(written);
+        if (written >= 0)
+            done += static_cast<std::size_t>(written);
+        else if (errno != EINTR)
+            End(done);
     }
+}
+
+// A full disk must not stop the engineer. The line that found no room goes as a whole.
+void Trace::End(std::size_t written)
+{
+    const std::string reason = std::strerror(errno);
+    m_ended = true;
+    struct stat file = {};
+    if (fstat(m_descriptor, &file) == 0 && S_ISREG(file.st_mode))
+        (void)!ftruncate(m_descriptor, file.st_size - static_cast<off_t>(written));
+    Complain(OneLine("trace " + m_path + ": " + reason));
 }
 
 } // namespace host

@@ -43,12 +43,17 @@ public:
     /// Opens the file and empties it; "-" is standard error. Throws std::runtime_error with one line.
     void Open(const std::string& path);
     bool IsOpen() const { return m_descriptor >= 0; }
-    /// Writes one line; a line end is added. Any thread.
+    /// Writes one line whole; a line end is added. When that cannot be done the trace ends, which is said once on
+    /// standard error. Any thread.
     void Write(std::string line);
 
 private:
+    void End(std::size_t written);
+
     std::mutex m_mutex;
+    std::string m_path;
     int m_descriptor = -1;
+    bool m_ended = false;
 };
 
 } // namespace host

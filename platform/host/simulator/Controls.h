@@ -8,15 +8,15 @@
 namespace host
 {
 
-std::unique_ptr<ISourceControl> MakeSourceControl(const TVSHandle& pipeline);
-std::unique_ptr<IAVControl> MakeAVControl(const TVSHandle& pipeline);
-std::unique_ptr<IVideoControl> MakeVideoControl(const TVSHandle& pipeline);
-std::unique_ptr<IZoomControl> MakeZoomControl(const TVSHandle& pipeline);
-std::unique_ptr<ITunerControl> MakeTunerControl(const TVSHandle& pipeline);
-std::unique_ptr<IDataControl> MakeDataControl(const TVSHandle& pipeline);
-std::unique_ptr<IReferenceCount> MakeReferenceCount(const TVSHandle& pipeline);
-std::unique_ptr<IPipelineUtility> MakePipelineUtility(const TVSHandle& pipeline);
-std::unique_ptr<IServiceNavigation> MakeServiceNavigation(const TVSHandle& pipeline);
+std::unique_ptr<ISourceControl> MakeSourceControl(const Pipeline& pipeline);
+std::unique_ptr<IAVControl> MakeAVControl(const Pipeline& pipeline);
+std::unique_ptr<IVideoControl> MakeVideoControl(const Pipeline& pipeline);
+std::unique_ptr<IZoomControl> MakeZoomControl(const Pipeline& pipeline);
+std::unique_ptr<ITunerControl> MakeTunerControl(const Pipeline& pipeline);
+std::unique_ptr<IDataControl> MakeDataControl(const Pipeline& pipeline);
+std::unique_ptr<IReferenceCount> MakeReferenceCount(const Pipeline& pipeline);
+std::unique_ptr<IPipelineUtility> MakePipelineUtility(const Pipeline& pipeline);
+std::unique_ptr<IServiceNavigation> MakeServiceNavigation(const Pipeline& pipeline);
 std::unique_ptr<IService> MakeService();
 std::unique_ptr<IServiceGuide> MakeServiceGuide();
 std::unique_ptr<IScanControl> MakeScanControl();
@@ -25,7 +25,7 @@ std::unique_ptr<IScanControl> MakeScanControl();
 template <class Interface> class Control : public Interface
 {
 public:
-    explicit Control(const TVSHandle& pipeline = {}) : m_pipeline(pipeline) {}
+    explicit Control(const Pipeline& pipeline = {}) : m_pipeline(pipeline) {}
 
 protected:
     /// A call that succeeds and changes nothing that can be asked for.
@@ -35,7 +35,7 @@ protected:
     }
 
     Simulator& m_tv = Simulator::Instance();
-    const TVSHandle m_pipeline;
+    const Pipeline m_pipeline;
 };
 
 } // namespace host

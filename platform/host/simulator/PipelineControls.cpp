@@ -146,7 +146,7 @@ public:
     {
         return m_tv.Call(Op::IPipelineUtility_GetCurrentTPMSStatus, With(), [&](Outputs&) {
             for (const auto& [pipeline, state] : m_tv.pipelines)
-                status.pipelines[pipeline] = state.info;
+                status.pipelines[pipeline.Handle()] = state.info;
             return 1;
         });
     }
@@ -186,34 +186,34 @@ public:
 
 } // namespace
 
-std::unique_ptr<ISourceControl> MakeSourceControl(const TVSHandle& pipeline)
+std::unique_ptr<ISourceControl> MakeSourceControl(const Pipeline& pipeline)
 {
     return std::make_unique<SourceControl>(pipeline);
 }
 
-std::unique_ptr<IAVControl> MakeAVControl(const TVSHandle& pipeline) { return std::make_unique<AVControl>(pipeline); }
+std::unique_ptr<IAVControl> MakeAVControl(const Pipeline& pipeline) { return std::make_unique<AVControl>(pipeline); }
 
-std::unique_ptr<IVideoControl> MakeVideoControl(const TVSHandle& pipeline)
+std::unique_ptr<IVideoControl> MakeVideoControl(const Pipeline& pipeline)
 {
     return std::make_unique<VideoControl>(pipeline);
 }
 
-std::unique_ptr<ITunerControl> MakeTunerControl(const TVSHandle& pipeline)
+std::unique_ptr<ITunerControl> MakeTunerControl(const Pipeline& pipeline)
 {
     return std::make_unique<TunerControl>(pipeline);
 }
 
-std::unique_ptr<IDataControl> MakeDataControl(const TVSHandle& pipeline)
+std::unique_ptr<IDataControl> MakeDataControl(const Pipeline& pipeline)
 {
     return std::make_unique<DataControl>(pipeline);
 }
 
-std::unique_ptr<IReferenceCount> MakeReferenceCount(const TVSHandle& pipeline)
+std::unique_ptr<IReferenceCount> MakeReferenceCount(const Pipeline& pipeline)
 {
     return std::make_unique<ReferenceCount>(pipeline);
 }
 
-std::unique_ptr<IPipelineUtility> MakePipelineUtility(const TVSHandle& pipeline)
+std::unique_ptr<IPipelineUtility> MakePipelineUtility(const Pipeline& pipeline)
 {
     return std::make_unique<PipelineUtility>(pipeline);
 }

@@ -9,7 +9,7 @@ namespace host
 namespace
 {
 
-constexpr TVSHandle kScanPipeline{PROFILE_SCAN, 0};
+constexpr Pipeline kScanPipeline{PROFILE_SCAN, 0};
 
 class Service : public Control<IService>
 {
@@ -171,7 +171,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<IServiceNavigation> MakeServiceNavigation(const TVSHandle& pipeline)
+std::unique_ptr<IServiceNavigation> MakeServiceNavigation(const Pipeline& pipeline)
 {
     return std::make_unique<ServiceNavigation>(pipeline);
 }

@@ -58,7 +58,7 @@ public:
                 (*own)(event.type, event.data, nullptr);
             else
                 std::get<TPipelineSignalCallback>(m_callback)(event.type, event.pipeline.profile,
-                                                              event.pipeline.screenId, event.data, nullptr);
+                                                              event.pipeline.Handle().screenId, event.data, nullptr);
         } catch (const std::exception& error) {
             Complain(std::string("signal callback: ") + error.what());
         }
@@ -113,14 +113,17 @@ void SignalHub::Unsubscribe(SignalCallback callback)
     ended->End(); // outside the mutex: the callback that it waits for may use the hub
 }
 
-void SignalHub::Raise(ESignalType type, const TVSHandle& pipeline, const TSSignalData& data)
+void SignalHub::Raise(ESignalType type, const Pipeline& pipeline, const TSSignalData& data)
 {
+    const auto& scripted = Host::Instance().scenario.signals;
+    const auto given = scripted.find(type);
     const std::lock_guard<std::mutex> lock(m_mutex);
     for (const auto& subscription : m_subscriptions) {
         if (!subscription->Has(type))
             continue;
         const bool own = std::holds_alternative<TSignalCallback>(subscription->Callback());
-        (own ? m_ownEvents : m_mainEvents).push_back({subscription, type, pipeline, data});
+        (own ? m_ownEvents : m_mainEvents)
+            .push_back({subscription, type, pipeline, given == scripted.end() ? data : given->second});
         if (own) {
             StartDispatcher();
             m_raised.notify_one();

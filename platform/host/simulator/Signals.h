@@ -1,6 +1,7 @@
 // Subscriptions to the TV service's signals, and the threads that deliver them.
 #pragma once
 
+#include "host/simulator/Pipeline.h"
 #include "tvs-api/TVServiceAPI.h"
 
 #include <condition_variable>
@@ -25,15 +26,16 @@ public:
     ISignalSubscriber* Subscribe(SignalCallback callback);
     /// Ends the subscription; waits for its callback if that is running on another thread.
     void Unsubscribe(SignalCallback callback);
-    /// Queues the signal for every subscription that has its type now, and returns.
-    void Raise(ESignalType type, const TVSHandle& pipeline, const TSSignalData& data);
+    /// Queues the signal for every subscription that has its type now, and returns. What it carries is the scenario's
+    /// where that says so.
+    void Raise(ESignalType type, const Pipeline& pipeline, const TSSignalData& data);
 
 private:
     class Subscription;
     struct Event {
         std::shared_ptr<Subscription> subscription;
         ESignalType type;
-        TVSHandle pipeline;
+        Pipeline pipeline;
         TSSignalData data;
     };
 

@@ -88,7 +88,7 @@ void Simulator::Fetch(const ScenarioService& service, const TCCriteriaHelper& cr
     }
 }
 
-TSTvMode Simulator::Mode(const TVSHandle& pipeline) const
+TSTvMode Simulator::Mode(const Pipeline& pipeline) const
 {
     const auto found = pipelines.find(pipeline);
     if (found != pipelines.end() && found->second.mode)
@@ -96,7 +96,7 @@ TSTvMode Simulator::Mode(const TVSHandle& pipeline) const
     return {static_cast<EAntennaMode>(Tv().antennaMode), static_cast<EServiceMode>(Tv().serviceMode)};
 }
 
-void Simulator::SetSource(const TVSHandle& pipeline, ESource source, std::optional<unsigned long long> serviceId)
+void Simulator::SetSource(const Pipeline& pipeline, ESource source, std::optional<unsigned long long> serviceId)
 {
     TCPipelineInfo& info = pipelines[pipeline].info;
     info.source = source;

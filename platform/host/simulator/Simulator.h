@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/call/Operation.h"
+#include "host/simulator/Pipeline.h"
 #include "tvs-api/TVServiceAPI.h"
 
 #include <map>
@@ -30,12 +31,12 @@ struct ZoomWindow {
 struct LiveControl {
     std::unique_ptr<ITvsSession> object;
     const char* interfaceName;
-    std::optional<TVSHandle> pipeline;
+    std::optional<Pipeline> pipeline;
 };
 
 /// What the television remembers. It outlives the control objects that changed it.
 struct TelevisionState {
-    std::map<TVSHandle, PipelineState> pipelines;
+    std::map<Pipeline, PipelineState> pipelines;
     std::map<int, ZoomWindow> zoomWindows;
     int lastZoomWindow = 0;
     std::map<std::pair<EStateChange, std::string>, bool> registrations; ///< true: has reported
@@ -70,9 +71,9 @@ public:
     /// Fills in the fields that the criteria fetches.
     static void Fetch(const ScenarioService& service, const TCCriteriaHelper& criteria, TCServiceData& data);
 
-    TSTvMode Mode(const TVSHandle& pipeline) const;
+    TSTvMode Mode(const Pipeline& pipeline) const;
     /// Remembers the source and raises what the tuner reports.
-    void SetSource(const TVSHandle& pipeline, ESource source, std::optional<unsigned long long> serviceId);
+    void SetSource(const Pipeline& pipeline, ESource source, std::optional<unsigned long long> serviceId);
 
 private:
     Simulator() { Restart(); }

@@ -13,7 +13,7 @@ using host::Simulator;
 using host::With;
 
 template <class Interface>
-void HandOut(std::unique_ptr<Interface> object, const char* interfaceName, std::optional<TVSHandle> pipeline,
+void HandOut(std::unique_ptr<Interface> object, const char* interfaceName, std::optional<host::Pipeline> pipeline,
              Interface** written)
 {
     *written = object.get();
@@ -23,10 +23,10 @@ void HandOut(std::unique_ptr<Interface> object, const char* interfaceName, std::
 
 template <class Interface>
 int Create(Op operation, const char* interfaceName, EProfile profile, int screenId,
-           std::unique_ptr<Interface> (*make)(const TVSHandle&), Interface** written)
+           std::unique_ptr<Interface> (*make)(const host::Pipeline&), Interface** written)
 {
     return Simulator::Instance().Call(operation, With(profile, screenId), [&](Outputs&) {
-        const TVSHandle pipeline{profile, static_cast<std::uint16_t>(screenId)};
+        const host::Pipeline pipeline{profile, screenId};
         HandOut(make(pipeline), interfaceName, pipeline, written);
         return 0;
     });

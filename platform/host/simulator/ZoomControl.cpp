@@ -127,7 +127,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<IZoomControl> MakeZoomControl(const TVSHandle& pipeline)
+std::unique_ptr<IZoomControl> MakeZoomControl(const Pipeline& pipeline)
 {
     return std::make_unique<ZoomControl>(pipeline);
 }

@@ -6,6 +6,13 @@
 #include <algorithm>
 #include <dlfcn.h>
 
+namespace
+{
+
+constexpr const char* kSysroot = "DEBUGMENU_SYSROOT";
+
+} // namespace
+
 const char* const TCDebugMenuUtility::thickLine = "====================================\n";
 const char* const TCDebugMenuUtility::thinLine = "------------------------------------\n";
 
@@ -18,13 +25,16 @@ bool TCDebugMenuUtility::IsNumber(const std::string& word)
 
 bool TCDebugMenuUtility::OpenLibrary(const char* path, const char* entry)
 {
-    const std::string file = host::Setting("DEBUGMENU_SYSROOT").value_or("") + path;
+    const std::string file = host::Setting(kSysroot).value_or("") + path;
     // Never closed: a plug-in may leave threads, callbacks or exceptions of its own behind.
     void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* symbol = library == nullptr ? nullptr : dlsym(library, entry);
     if (symbol == nullptr) {
-        const char* reason = dlerror();
-        host::Complain(file + ": " + (reason == nullptr ? "the entry is null" : reason));
+        const char* said = dlerror();
+        std::string reason = said == nullptr ? "the entry is null" : said;
+        if (reason.rfind(file + ": ", 0) == 0)
+            reason.erase(0, file.size() + 2);
+        host::Complain(file + ": " + reason + " (" + kSysroot + " moves it)");
         return false;
     }
     reinterpret_cast<void (*)()>(symbol)();

@@ -1,0 +1,29 @@
+// A pipeline as it was asked for.
+#pragma once
+
+#include "tvs-api/Types.h"
+
+#include <tuple>
+
+namespace host
+{
+
+/// Factories take screen ids of 32 bits, and the television keeps them apart; signals and status know 16 of them.
+struct Pipeline {
+    EProfile profile = PROFILE_MAIN;
+    std::int32_t screenId = 0;
+
+    TVSHandle Handle() const { return {profile, static_cast<std::uint16_t>(screenId)}; }
+};
+
+inline bool operator==(const Pipeline& a, const Pipeline& b)
+{
+    return a.profile == b.profile && a.screenId == b.screenId;
+}
+
+inline bool operator<(const Pipeline& a, const Pipeline& b)
+{
+    return std::tie(a.profile, a.screenId) < std::tie(b.profile, b.screenId);
+}
+
+} // namespace host
