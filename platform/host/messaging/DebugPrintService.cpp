@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstring>
 #include <iterator>
+#include <numeric>
 #include <optional>
 #include <stdexcept>
 
@@ -17,6 +18,8 @@ namespace
 {
 
 constexpr std::uint32_t kExit = 99;
+constexpr short kElementTag = -1;
+constexpr std::size_t kMostBytesOfNames = 16U << 20; // a fraction of what fits into an answer
 
 // Ids in the order of the screen.
 constexpr std::pair<std::uint32_t, const char*> kDebugModes[] = {
@@ -39,15 +42,21 @@ const char* OnOff(bool on) { return on ? "on" : "off"; }
 
 } // namespace
 
-/// Takes the values of a request one after the other; throws std::invalid_argument where one has another form.
+/// Takes the values of a request one after the other; throws std::invalid_argument where one has another form or tag.
 class RequestReader
 {
 public:
-    explicit RequestReader(const std::vector<TCTreeNode>& values) : m_values(values) {}
+    /// Values bear their places as tags, elements of a list all the same one.
+    enum Tags { PLACES, ELEMENTS };
+    explicit RequestReader(const std::vector<TCTreeNode>& values, Tags tags = PLACES) : m_values(values), m_tags(tags)
+    {
+    }
 
     template <class T> const T& Take()
     {
-        const auto* value = m_next < m_values.size() ? std::get_if<T>(&m_values[m_next++].value) : nullptr;
+        const int tag = m_tags == ELEMENTS ? kElementTag : static_cast<int>(m_next);
+        const TCTreeNode* node = m_next < m_values.size() ? &m_values[m_next++] : nullptr;
+        const auto* value = node == nullptr || node->tag != tag ? nullptr : std::get_if<T>(&node->value);
         if (value == nullptr)
             throw std::invalid_argument("a value has another form");
         return *value;
@@ -75,6 +84,7 @@ public:
 
 private:
     const std::vector<TCTreeNode>& m_values;
+    Tags m_tags;
     std::size_t m_next = 0;
 };
 
@@ -96,8 +106,8 @@ void DebugPrintService::Serve(sd_bus* bus)
     const std::unique_ptr<sd_bus_slot, sd_bus_slot* (*)(sd_bus_slot*)> slot(added, sd_bus_slot_unref);
     while (sd_bus_is_open(bus) > 0) {
         const int processed = sd_bus_process(bus, nullptr);
-        if (processed < 0 || (processed == 0 && sd_bus_wait(bus, UINT64_MAX) < 0))
-            break;
+        if (processed < 0 || (processed == 0 && WaitForBus(bus, UINT64_MAX) < 0))
+            break; // the bus has ended
     }
 }
 
@@ -198,7 +208,7 @@ DebugPrintService::Values DebugPrintService::GetMenuItems(RequestReader& request
         branch.AppendChild(TextNode(0, item.name));
         branch.AppendChild({1, static_cast<std::uint8_t>(item.on)});
         branch.AppendChild({2, item.id});
-        list.AppendChild({-1, std::move(branch)});
+        list.AppendChild({kElementTag, std::move(branch)});
     }
     return {Number(1), {1, std::move(list)}};
 }
@@ -208,9 +218,9 @@ DebugPrintService::Values DebugPrintService::SetMenuItems(RequestReader& request
     const auto& list = request.Take<TCTreeBranch>();
     request.End();
     std::vector<Item> items;
-    for (RequestReader elements(list.GetChildren()); elements.HasMore();)
+    for (RequestReader elements(list.GetChildren(), RequestReader::ELEMENTS); elements.HasMore();)
         items.push_back(ReadItem(elements));
-    m_items = std::move(items);
+    SetItems(std::move(items));
     return {Number(1)};
 }
 
@@ -218,10 +228,11 @@ DebugPrintService::Values DebugPrintService::SetMenuItem(RequestReader& request)
 {
     const Item changed = ReadItem(request);
     request.End();
-    Item* item = FindItem(changed.id);
-    if (item == nullptr)
+    if (FindItem(changed.id) == nullptr)
         return {Number(0)};
-    *item = changed;
+    std::vector<Item> items = m_items;
+    *std::find_if(items.begin(), items.end(), [&](const Item& item) { return item.id == changed.id; }) = changed;
+    SetItems(std::move(items));
     return {Number(1)};
 }
 
@@ -270,6 +281,15 @@ DebugPrintService::Item DebugPrintService::ReadItem(RequestReader& request)
     item.id = parts.Take<std::uint32_t>();
     parts.End();
     return item;
+}
+
+void DebugPrintService::SetItems(std::vector<Item> items)
+{
+    const auto bytes = std::accumulate(items.begin(), items.end(), std::size_t{0},
+                                       [](std::size_t sum, const Item& item) { return sum + item.name.size(); });
+    if (bytes > kMostBytesOfNames)
+        throw std::invalid_argument("the names are too long for an answer");
+    m_items = std::move(items);
 }
 
 DebugPrintService::Item* DebugPrintService::FindItem(std::uint32_t id)

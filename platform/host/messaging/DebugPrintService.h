@@ -48,6 +48,8 @@ private:
     Values IsDebugModeEnabled(RequestReader& request);
 
     static Item ReadItem(RequestReader& request);
+    /// Throws std::invalid_argument for more than can be told.
+    void SetItems(std::vector<Item> items);
     Item* FindItem(std::uint32_t id);
     std::string Screen() const;
 

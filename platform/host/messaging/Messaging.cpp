@@ -3,11 +3,13 @@
 
 #include "host/call/Operation.h"
 #include "host/call/Settings.h"
+#include "host/call/StandardStreams.h"
 #include "host/messaging/EmbeddedService.h"
 
 #include <cerrno>
 #include <chrono>
 #include <optional>
+#include <stdexcept>
 #include <system_error>
 
 namespace
@@ -15,7 +17,11 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 constexpr std::chrono::seconds kAnswerTime(10);
-constexpr int kMostUnasked = 1000; // messages that nobody asked for, taken before one call
+constexpr std::chrono::seconds kAnswerTimeOfTheSilent(1);
+constexpr std::chrono::milliseconds kHandshakeTime(200);
+constexpr int kMostUnasked = 1000; // messages that nobody asked for, during one call
+
+[[noreturn]] void Fail(const std::string& reason) { throw std::runtime_error(reason); }
 
 std::uint64_t MicrosecondsUntil(Clock::time_point end)
 {
@@ -46,52 +52,60 @@ public:
     {
         try {
             Open();
+            WaitUntilReady(Clock::now() + kHandshakeTime);
         } catch (const std::exception&) {
-            m_bus.reset(); // the first call tries again
+            // The first call goes on with the handshake, or opens the bus anew.
         }
     }
 
-    // The reply's values; throws std::exception on any failure.
+    /// The bus as the engineer has named it.
+    std::string Bus() const { return m_busSetting.value_or("this process"); }
+
+    /// The reply's values; throws std::exception on any failure, with the reason.
     std::vector<TCTreeNode> Call(const std::string& interfaceName, const std::string& method, short number,
                                  const std::vector<TCTreeNode>& request)
     {
-        const auto end = Clock::now() + kAnswerTime;
-        Connect(end);
-
-        sd_bus_message* made = nullptr;
-        host::Checked(sd_bus_message_new_method_call(m_bus.get(), &made, host::kServiceBusName, m_objectPath.c_str(),
-                                                     interfaceName.c_str(), method.c_str()));
-        const host::BusMessage call(made);
-        host::Checked(sd_bus_message_append_basic(made, 'n', &number));
-        host::AppendValues(made, request);
-        sd_bus_message* received = nullptr;
-        const int result = sd_bus_call(m_bus.get(), made, MicrosecondsUntil(end), nullptr, &received);
-        if (result == -ETIMEDOUT)
-            m_bus.reset(); // half an answer may be stuck in it
-        host::Checked(result);
-        const host::BusMessage reply(received);
-        if (host::Checked(sd_bus_message_has_signature(received, "av")) == 0)
-            host::Checked(-EBADMSG);
-        return host::ReadValues(received);
-    }
-
-private:
-    // A bus that is ready by then, or none.
-    void Connect(Clock::time_point end)
-    {
+        const std::chrono::seconds answerTime = m_silent ? kAnswerTimeOfTheSilent : kAnswerTime;
+        const auto end = Clock::now() + answerTime;
+        host::BusMessage reply;
         try {
             if (m_bus && !IsAlive())
                 m_bus.reset();
             if (!m_bus)
                 Open();
             WaitUntilReady(end);
-        } catch (const std::exception&) {
-            m_bus.reset();
-            throw;
+            reply = Exchange(interfaceName, method, number, request, end);
+        } catch (const std::exception& failure) {
+            m_bus.reset(); // half an answer may be stuck in it, or much that nobody asked for
+            const auto* error = dynamic_cast<const std::system_error*>(&failure);
+            if (error == nullptr || error->code().value() != ETIMEDOUT)
+                throw;
+            m_silent = true;
+            Fail("no answer within " + std::to_string(answerTime.count()) + " s");
+        }
+        m_silent = false;
+        if (const sd_bus_error* error = sd_bus_message_get_error(reply.get()))
+            Fail(error->message == nullptr ? error->name : error->message);
+        if (sd_bus_message_has_signature(reply.get(), "av") <= 0)
+            Fail(kOtherForm);
+        try {
+            return host::ReadValues(reply.get());
+        } catch (const std::system_error&) {
+            Fail(kOtherForm);
         }
     }
 
-    void Open() { m_bus = m_busSetting ? host::OpenServiceBus(*m_busSetting) : m_embedded.Connect(); }
+    static constexpr const char* kOtherForm = "a reply of another form";
+
+private:
+    void Open()
+    {
+        m_bus.reset();
+        m_bus = m_busSetting ? host::OpenServiceBus(*m_busSetting) : m_embedded.Connect();
+        // Only answers are wanted: the rest is dropped as it comes.
+        host::Checked(sd_bus_add_filter(
+            m_bus.get(), nullptr, [](sd_bus_message*, void*, sd_bus_error*) { return 1; }, nullptr));
+    }
 
     // Takes what has come in since the last call, the end of the connection included.
     bool IsAlive()
@@ -99,20 +113,47 @@ private:
         int processed = 1;
         for (int i = 0; i < kMostUnasked && processed > 0; ++i)
             processed = sd_bus_process(m_bus.get(), nullptr);
-        return processed >= 0 && sd_bus_is_open(m_bus.get()) > 0;
+        return processed == 0 && sd_bus_is_open(m_bus.get()) > 0;
     }
 
     void WaitUntilReady(Clock::time_point end)
     {
         while (host::Checked(sd_bus_is_ready(m_bus.get())) == 0)
             if (host::Checked(sd_bus_process(m_bus.get(), nullptr)) == 0)
-                host::Checked(sd_bus_wait(m_bus.get(), MicrosecondsUntil(end)));
+                host::Checked(host::WaitForBus(m_bus.get(), MicrosecondsUntil(end)));
+    }
+
+    host::BusMessage Exchange(const std::string& interfaceName, const std::string& method, short number,
+                              const std::vector<TCTreeNode>& request, Clock::time_point end)
+    {
+        sd_bus_message* made = nullptr;
+        host::Checked(sd_bus_message_new_method_call(m_bus.get(), &made, host::kServiceBusName, m_objectPath.c_str(),
+                                                     interfaceName.c_str(), method.c_str()));
+        const host::BusMessage call(made);
+        host::Checked(sd_bus_message_append_basic(made, 'n', &number));
+        host::AppendValues(made, request);
+        host::BusMessage reply;
+        const auto onReply = [](sd_bus_message* message, void* kept, sd_bus_error*) {
+            static_cast<host::BusMessage*>(kept)->reset(sd_bus_message_ref(message));
+            return 1;
+        };
+        sd_bus_slot* slot = nullptr;
+        host::Checked(sd_bus_call_async(m_bus.get(), &slot, made, onReply, &reply, UINT64_MAX));
+        const std::unique_ptr<sd_bus_slot, sd_bus_slot* (*)(sd_bus_slot*)> pending(slot, sd_bus_slot_unref);
+        for (int unasked = 0; !reply;) {
+            if (host::Checked(sd_bus_process(m_bus.get(), nullptr)) == 0)
+                host::Checked(host::WaitForBus(m_bus.get(), MicrosecondsUntil(end)));
+            else if (++unasked > kMostUnasked)
+                Fail("a flood of messages that nobody asked for");
+        }
+        return reply;
     }
 
     std::string m_objectPath;
     std::optional<std::string> m_busSetting;
     host::EmbeddedService m_embedded; // outlives the bus, whose end it waits for
     host::Bus m_bus;
+    bool m_silent = false; // the service has let a call wait in vain, and has answered none since
 };
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes values
@@ -184,10 +225,15 @@ bool TCMarshallingHelperProxy::Run(TVServiceAPIConnection* connection, std::stri
 
     return host::Operation(
         host::Op::TCMarshallingHelperProxy_Run, host::With(interfaceName, method, number), [&](host::Outputs&) {
+            if (connection == nullptr)
+                return false;
+            TVServiceAPIConnection::Channel& channel = *connection->m_channel;
             try {
-                return connection != nullptr &&
-                       takeReply(connection->m_channel->Call(interfaceName, method, number, makeRequest()));
-            } catch (const std::exception&) {
+                if (takeReply(channel.Call(interfaceName, method, number, makeRequest())))
+                    return true;
+                Fail(TVServiceAPIConnection::Channel::kOtherForm);
+            } catch (const std::exception& error) {
+                host::Complain(host::OneLine("TV service on " + channel.Bus() + ": " + error.what()));
                 return false;
             }
         });

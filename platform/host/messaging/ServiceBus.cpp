@@ -1,5 +1,7 @@
 #include "host/messaging/ServiceBus.h"
 
+#include <cerrno>
+
 namespace host
 {
 
@@ -20,6 +22,12 @@ Bus OpenServiceBus(const std::string& setting)
     Checked(sd_bus_set_bus_client(opened, 1));
     Checked(sd_bus_start(opened));
     return bus;
+}
+
+int WaitForBus(sd_bus* bus, std::uint64_t microseconds)
+{
+    const int result = sd_bus_wait(bus, microseconds);
+    return result == -EINTR ? 0 : result;
 }
 
 } // namespace host

@@ -3,6 +3,7 @@
 
 #include "host/messaging/MessageCodec.h"
 
+#include <cstdint>
 #include <string>
 
 namespace host
@@ -15,5 +16,9 @@ constexpr const char* kDebugPrintInterface = "com.kavrin.IDebugPrintControl";
 /// Opens the bus that `TVS_BUS` names: `session`, `system` or a D-Bus address. Returns before the bus has answered.
 /// Throws std::system_error.
 Bus OpenServiceBus(const std::string& setting);
+
+/// Waits until the bus has something to do, for that many microseconds at most; below 0 is an error, as sd-bus has it. A
+/// signal that strikes the process is none, whichever thread takes it.
+int WaitForBus(sd_bus* bus, std::uint64_t microseconds);
 
 } // namespace host
