@@ -1,11 +1,18 @@
 #include "debugutil/Console.h"
 
+#include "debugutil/Strike.h"
+
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
 #include <iomanip>
 #include <iostream>
 #include <limits>
+#include <unistd.h>
 
 namespace console
 {
@@ -14,9 +21,37 @@ namespace
 
 constexpr int kLongestWord = 1 << 20;
 
+// Says once why texts are lost; the next one may find room again.
+void ReportLoss()
+{
+    static bool reported = false;
+    if (!reported)
+        std::cerr << std::string("console: text was lost: ") + std::strerror(errno) + "\n";
+    reported = true;
+    std::cout.clear();
+    std::clearerr(stdout);
+}
+
+// A plug-in that was given a word for a number leaves the stream failed, and an earlier program the input without
+// waiting; neither is the end of the input.
+void PrepareInput()
+{
+    if (strike::HasStruck())
+        std::cin.setstate(std::ios::eofbit | std::ios::failbit);
+    else if (!InputEnded())
+        std::cin.clear();
+    const int flags = fcntl(STDIN_FILENO, F_GETFL);
+    if (flags != -1 && (flags & O_NONBLOCK) != 0)
+        fcntl(STDIN_FILENO, F_SETFL, flags & ~O_NONBLOCK);
+}
+
 } // namespace
 
-void Write(const std::string& text) { std::cout << text << std::flush; }
+void Write(const std::string& text)
+{
+    if (!(std::cout << text << std::flush))
+        ReportLoss();
+}
 
 void WriteLine(std::string text)
 {
@@ -26,6 +61,7 @@ void WriteLine(std::string text)
 
 bool ReadWord(std::string& word)
 {
+    PrepareInput();
     if (!(std::cin >> std::setw(kLongestWord) >> word))
         return false;
     if (word.size() == kLongestWord) {
@@ -52,7 +88,7 @@ std::optional<std::int32_t> AskNumber(const std::string& prompt)
     return ToNumber(word);
 }
 
-bool InputEnded() { return !std::cin; }
+bool InputEnded() { return std::cin.bad() || (std::cin.eof() && std::cin.fail()); }
 
 std::int32_t ToNumber(const std::string& word)
 {

@@ -6,6 +6,7 @@
 #include "debugutil/HandlePrompt.h"
 
 #include <algorithm>
+#include <cctype>
 #include <exception>
 #include <iostream>
 
@@ -41,7 +42,8 @@ void RunAction(const std::string& name, const std::function<void()>& action)
     } catch (...) {
         failure = "unknown exception";
     }
-    std::replace(failure.begin(), failure.end(), '\n', ' ');
+    std::replace_if(
+        failure.begin(), failure.end(), [](unsigned char byte) { return std::iscntrl(byte) != 0; }, ' ');
     std::cerr << name + ": " + failure + "\n";
 }
 

@@ -69,8 +69,6 @@ void SizeControl()
 {
     TVSHandle handle;
     TCDebugUtil::GetTVSHandleByUserInput(&handle, true);
-    if (console::InputEnded())
-        return;
     const auto x = console::AskNumber("X: > ");
     const auto y = console::AskNumber("Y: > ");
     const auto width = console::AskNumber("W: > ");

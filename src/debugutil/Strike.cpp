@@ -1,0 +1,69 @@
+#include "debugutil/Strike.h"
+
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <initializer_list>
+#include <pthread.h>
+#include <unistd.h>
+
+namespace
+{
+
+std::atomic<int> g_signal{0};
+pthread_t g_console;
+int g_noInput = -1;
+
+// The signal's own way to end the process, so that a shell sees what it expects.
+void EndBy(int signal)
+{
+    std::signal(signal, SIG_DFL);
+    sigset_t set;
+    sigemptyset(&set);
+    sigaddset(&set, signal);
+    pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+    std::raise(signal);
+}
+
+// Runs on whatever thread the kernel picks. The console's thread starts its read again, on an input that has ended: a
+// read that is about to begin is not missed either.
+void OnSignal(int signal, siginfo_t* info, void* /*context*/)
+{
+    const int error = errno;
+    int none = 0;
+    if (g_signal.compare_exchange_strong(none, signal)) {
+        dup2(g_noInput, STDIN_FILENO);
+        if (pthread_equal(pthread_self(), g_console) == 0)
+            pthread_kill(g_console, signal); // passed on
+    } else if (info->si_code != SI_TKILL || info->si_pid != getpid()) {
+        EndBy(signal); // a call that hangs must not hold the engineer
+    }
+    errno = error;
+}
+
+// Behind the last static object, which still has the connection to close.
+__attribute__((destructor)) void EndProcess()
+{
+    if (strike::HasStruck())
+        EndBy(g_signal);
+}
+
+} // namespace
+
+void strike::Expect()
+{
+    g_console = pthread_self();
+    g_noInput = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+        struct sigaction action = {};
+        if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN)
+            continue;
+        action = {};
+        action.sa_sigaction = OnSignal;
+        action.sa_flags = SA_SIGINFO | SA_RESTART;
+        sigaction(signal, &action, nullptr);
+    }
+}
+
+bool strike::HasStruck() { return g_signal != 0; }

@@ -1,0 +1,115 @@
+// Ctrl-C, a dropped line and kill: the input ends, everything is left in order, and the process ends by the signal.
+#include "support/Tool.h"
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <random>
+#include <sys/syscall.h>
+#include <thread>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr int kStrikes[] = {SIGHUP, SIGINT, SIGTERM};
+const std::string kStop = "TCMarshallingHelperProxy::Run(\"com.kavrin.IDebugPrintControl\", \"Stop\", 2) = true";
+
+TEST(Strike, EndsTheInputAtEveryKindOfPrompt)
+{
+    struct Case {
+        const char* words;
+        const char* prompt;
+        std::string last; // call
+    };
+    const std::string unsubscribed = "TVServiceAPI::DestroySignalSubscriber()";
+    const Case cases[] = {
+        {"", "cmd> ", "(no call)"},
+        {"5 ", "15.GetPIDSetStatus", "(no call)"},
+        {"5 6 7 ", "HDMI6 \n***************\nInput ? >", "TVServiceAPI::Destroy(ISourceControl)"},
+        {"5 1 0 ", "Analysis:2 > ", "(no call)"},
+        {"6 ", "21. Set boot up", unsubscribed},
+        {"6 17 1 ", "ret=1\n", unsubscribed},
+        {"6 19 3 1 2 3 ", "SrcHeight = ", unsubscribed},
+        {"1 ", "tvs> ", kStop},
+    };
+    for (const Case& c : cases) {
+        for (const int strike : kStrikes) {
+            Tool tool;
+            tool.Type(c.words);
+            tool.WaitFor(c.prompt);
+            kill(tool.Pid(), strike);
+            tool.Type("99 "); // comes too late, or to nobody
+            const Outcome outcome = tool.Finish();
+            EXPECT_EQ(outcome.status, -strike) << c.words;
+            EXPECT_EQ(LastCall(outcome), c.last) << c.words;
+            EXPECT_TRUE(IsBalanced(outcome)) << c.words;
+            EXPECT_EQ(outcome.err, "") << c.words;
+        }
+    }
+}
+
+class StrikeAtAnyMoment : public testing::TestWithParam<unsigned>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Seeds, StrikeAtAnyMoment, testing::Values(1U, 2U, 3U, 4U));
+
+TEST_P(StrikeAtAnyMoment, LeavesNothingBehind)
+{
+    std::mt19937 random(GetParam());
+    for (int round = 0; round < 50 && !HasFailure(); ++round) {
+        Tool tool;
+        for (int i = 0; i < 40; ++i)
+            tool.Type("6 17 1 4 2 5 99 19 3 1 1 1 1 1 1 1 1 1 1 1 1 10 99 1 0 1 99 99 5 6 0 13 7 0 99 1 3 99 ");
+        std::this_thread::sleep_for(std::chrono::microseconds(random() % 30'000));
+        const int strike = kStrikes[random() % 3];
+        kill(tool.Pid(), strike);
+        const Outcome outcome = tool.Finish();
+        const std::string calls = Lines(outcome.trace);
+        EXPECT_TRUE(outcome.status == -strike) << outcome.status;
+        EXPECT_TRUE(IsBalanced(outcome));
+        EXPECT_LE(calls.rfind("CreateSignalSubscriber") + 1, calls.rfind("DestroySignalSubscriber") + 1) << calls;
+        EXPECT_LE(calls.rfind("\"Start\"") + 1, calls.rfind("\"Stop\"") + 1) << calls;
+    }
+}
+
+TEST(Strike, ASecondOneEndsACallThatHangs)
+{
+    Tool tool("[delay]\nISourceControl::SetSource=3600000\n");
+    tool.Type("5 6 0 13 ");
+    tool.WaitFor("SourceType = 13\n");
+    kill(tool.Pid(), SIGINT);
+    kill(tool.Pid(), SIGTERM);
+    const Outcome outcome = tool.Finish();
+    EXPECT_TRUE(outcome.status == -SIGTERM || outcome.status == -SIGINT) << outcome.status;
+    EXPECT_EQ(LastCall(outcome), "TVServiceAPI::CreateSourceControl(1, 0) = 0");
+}
+
+// The kernel may pick any thread of the process.
+TEST(Strike, ReachesTheConsoleFromAnotherThread)
+{
+    Tool tool;
+    tool.Type("1 ");
+    tool.WaitFor("tvs> ");
+    const std::string tasks = "/proc/" + std::to_string(tool.Pid()) + "/task";
+    for (const auto& entry : std::filesystem::directory_iterator(tasks)) {
+        const int thread = std::stoi(entry.path().filename());
+        if (thread != tool.Pid()) {
+            EXPECT_EQ(syscall(SYS_tgkill, tool.Pid(), thread, SIGHUP), 0);
+        }
+    }
+    const Outcome outcome = tool.Finish();
+    EXPECT_EQ(outcome.status, -SIGHUP);
+    EXPECT_EQ(LastCall(outcome), kStop);
+}
+
+TEST(Strike, StaysIgnoredWhereItWas)
+{
+    EXPECT_THAT(RunShell("trap '' INT HUP; { sleep 0.2; echo 99; } | { $TOOL & kill -INT $!; kill -HUP $!; wait $!; }; "
+                         "echo $?"),
+                testing::EndsWith("0\n"));
+}
+
+} // namespace
