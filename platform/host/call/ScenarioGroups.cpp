@@ -2,7 +2,9 @@
 
 #include "host/call/Text.h"
 
+#include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <stdexcept>
@@ -27,8 +29,7 @@ template <class Number> std::optional<Number> ParseNumber(const std::string& tex
 template <class Map> std::vector<std::string> KeysOf(const Map& map)
 {
     std::vector<std::string> keys;
-    for (const auto& entry : map)
-        keys.push_back(entry.first);
+    std::transform(map.begin(), map.end(), std::back_inserter(keys), [](const auto& entry) { return entry.first; });
     return keys;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <numeric>
+#include <set>
 #include <utility>
 
 namespace host
@@ -18,10 +19,10 @@ std::size_t Distance(const std::string& a, const std::string& b)
 {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < a.size(); ++i) {
+    for (const char typed : a) {
         std::size_t diagonal = row[0]++;
         for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t changed = diagonal + (a[i] == b[j] ? 0 : 1);
+            const std::size_t changed = diagonal + (typed == b[j] ? 0 : 1);
             diagonal = row[j + 1];
             row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
         }
@@ -71,14 +72,14 @@ std::string Shortened(const std::string& text)
 
 std::string NearestTo(const std::string& word, const std::vector<std::string>& known)
 {
-    constexpr std::size_t most = 2;
-    std::vector<std::pair<std::size_t, std::string>> ranked;
+    std::set<std::pair<std::size_t, std::string>> ranked;
     for (const std::string& candidate : known)
-        ranked.emplace_back(Distance(Shortened(word), candidate), candidate);
-    std::sort(ranked.begin(), ranked.end());
+        ranked.emplace(Distance(Shortened(word), candidate), candidate);
     std::string text;
-    for (std::size_t i = 0; i < std::min(most, ranked.size()); ++i)
-        text += (i == 0 ? "; nearest: " : ", ") + ranked[i].second;
+    auto candidate = ranked.begin();
+    for (const char* before : {"; nearest: ", ", "})
+        if (candidate != ranked.end())
+            text += before + (candidate++)->second;
     return text;
 }
 
