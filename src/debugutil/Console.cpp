@@ -29,20 +29,23 @@ void ReportLoss()
         std::cerr << std::string("console: text was lost: ") + std::strerror(errno) + "\n";
     reported = true;
     std::cout.clear();
-    std::clearerr(stdout);
 }
 
-// A plug-in that was given a word for a number leaves the stream failed, and an earlier program the input without
-// waiting; neither is the end of the input.
+// An earlier program may have left the input without waiting; what reads like its end is none then.
+bool MakeInputWait()
+{
+    const int flags = fcntl(STDIN_FILENO, F_GETFL);
+    return (flags & O_NONBLOCK) != 0 && fcntl(STDIN_FILENO, F_SETFL, flags & ~O_NONBLOCK) == 0;
+}
+
+// A plug-in that was given a word for a number leaves the stream failed; that is not the end of the input.
 void PrepareInput()
 {
+    [[maybe_unused]] static const bool waitsFromTheStart = MakeInputWait();
     if (strike::HasStruck())
         std::cin.setstate(std::ios::eofbit | std::ios::failbit);
     else if (!InputEnded())
         std::cin.clear();
-    const int flags = fcntl(STDIN_FILENO, F_GETFL);
-    if (flags != -1 && (flags & O_NONBLOCK) != 0)
-        fcntl(STDIN_FILENO, F_SETFL, flags & ~O_NONBLOCK);
 }
 
 } // namespace
@@ -62,8 +65,12 @@ void WriteLine(std::string text)
 bool ReadWord(std::string& word)
 {
     PrepareInput();
-    if (!(std::cin >> std::setw(kLongestWord) >> word))
-        return false;
+    while (!(std::cin >> std::setw(kLongestWord) >> word)) {
+        if (!MakeInputWait())
+            return false;
+        std::cin.clear();
+        std::clearerr(stdin);
+    }
     if (word.size() == kLongestWord) {
         // Not from a human hand. Its rest must become neither memory nor a word of its own.
         std::streambuf& input = *std::cin.rdbuf();

@@ -1,7 +1,6 @@
 #include "debugutil/Strike.h"
 
 #include <atomic>
-#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <initializer_list>
@@ -13,16 +12,12 @@ namespace
 
 std::atomic<int> g_signal{0};
 pthread_t g_console;
-int g_noInput = -1;
+int g_noInput;
 
-// The signal's own way to end the process, so that a shell sees what it expects.
+// The signal's own way to end the process, so that a shell sees what it expects. In the handler it comes as that ends.
 void EndBy(int signal)
 {
     std::signal(signal, SIG_DFL);
-    sigset_t set;
-    sigemptyset(&set);
-    sigaddset(&set, signal);
-    pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
     std::raise(signal);
 }
 
@@ -30,16 +25,14 @@ void EndBy(int signal)
 // read that is about to begin is not missed either.
 void OnSignal(int signal, siginfo_t* info, void* /*context*/)
 {
-    const int error = errno;
     int none = 0;
     if (g_signal.compare_exchange_strong(none, signal)) {
         dup2(g_noInput, STDIN_FILENO);
         if (pthread_equal(pthread_self(), g_console) == 0)
             pthread_kill(g_console, signal); // passed on
-    } else if (info->si_code != SI_TKILL || info->si_pid != getpid()) {
+    } else if (info->si_pid != getpid()) {
         EndBy(signal); // a call that hangs must not hold the engineer
     }
-    errno = error;
 }
 
 // Behind the last static object, which still has the connection to close.
@@ -56,13 +49,11 @@ void strike::Expect()
     g_console = pthread_self();
     g_noInput = open("/dev/null", O_RDONLY | O_CLOEXEC);
     for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
-        struct sigaction action = {};
-        if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN)
-            continue;
-        action = {};
+        struct sigaction before = {}, action = {};
         action.sa_sigaction = OnSignal;
         action.sa_flags = SA_SIGINFO | SA_RESTART;
-        sigaction(signal, &action, nullptr);
+        if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
+            sigaction(signal, &action, nullptr);
     }
 }
 

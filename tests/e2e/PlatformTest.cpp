@@ -1,6 +1,7 @@
 // What the platform is told by its environment.
 #include "support/Tool.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -12,11 +13,14 @@ TEST(Platform, RefusesWhatItCannotPlayOrTrace)
     const Process folder;
     const std::string pipe = folder.Path("pipe"); // nobody reads or writes it
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string large = folder.Path("large");
+    std::ofstream(large).seekp(64 << 20) << '#';
     const std::string cases[][3] = {
         {"TVS_SCENARIO", "/a\nb", "scenario /a\\nb: No such file or directory\n"},
         {"TVS_SCENARIO", pipe, "scenario " + pipe + ": not a regular file\n"},
         {"TVS_SCENARIO", "/proc/self/comm",
          "scenario /proc/self/comm: neither a group, a key nor a comment: DebugUtil\n"},
+        {"TVS_SCENARIO", large, "scenario " + large + ": larger than 64 MiB\n"},
         {"TVS_TRACE", "/a\nb/c", "trace /a\\nb/c: No such file or directory\n"},
         {"TVS_TRACE", pipe, "trace " + pipe + ": No such device or address\n"},
     };

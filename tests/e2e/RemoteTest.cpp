@@ -64,6 +64,9 @@ TEST_F(RemoteMenu, ComesBackWithTheServiceAndTheBus)
     const Outcome outcome = tool.Finish();
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(Lines(outcome.trace), kStart + missed + kStart + missed + kStart + kStop);
+    const std::string lost = "TV service on " + address + ": ", refused = lost + "Connection refused\n",
+                      noOwner = lost + "The name com.kavrin.TVService was not provided by any .service files\n";
+    EXPECT_EQ(outcome.err, noOwner + noOwner + noOwner + refused + refused + refused);
 }
 
 TEST_F(RemoteMenu, HasAServiceThatBusToolsDescribeAndThatSaysWhyItEnds)

@@ -37,6 +37,28 @@ TEST(Shell, GoesOnWhenItsReaderIsGone)
     EXPECT_EQ(outcome.trace.size(), 3U);
 }
 
+// A file that is full and then has room, a trace that is full, an input that does not wait.
+TEST(Shell, GivesInToNothing)
+{
+    const std::pair<const char*, std::string> cases[] = {
+        {"exec 3<>in; (ulimit -f 4; exec $TOOL <&3 >>out 2>err) & printf '2 %.0s' 1 2 3 4 5 6 7 8 9 10 11 12 13 >&3; "
+         "until grep -q . err; do sleep 0.01; done; : >out; echo 5 15 99 99 >&3; wait $!; cat err; "
+         "grep -c 'GetPIDSetStatus.0' out",
+         "console: text was lost: File too large\n1\n"},
+        {"for i in 1 2 3 4; do echo 5 7 0 7 1 15 99; done >words; (ulimit -f 1; TVS_TRACE=torn $TOOL <words 2>&1 "
+         ">/dev/null); tail -c 1 torn | wc -l; tail -n 1 torn",
+         "trace torn: File too large\n1\nTVServiceAPI::Destroy(ISourceControl)\n"},
+        {"exec 3<>in; mix() { perl -MFcntl -e 'fcntl(STDIN, F_SETFL, O_NONBLOCK)' <&3; }; mix; $TOOL <&3 >out & "
+         "until grep -q Exit out; do sleep 0.01; done; mix; echo 2 >&3; until grep -q Player out; do sleep 0.01; done; "
+         "sleep 0.1; echo 99 >&3; wait $!; tail -n 1 out",
+         "cmd> executing: Exit\n"},
+    };
+    for (const auto& [command, shown] : cases) {
+        const Process folder;
+        EXPECT_EQ(RunShell("cd " + folder.Path("") + "; mkfifo in; " + command), shown);
+    }
+}
+
 // A socket of the platform must never be taken for the console.
 TEST(Shell, RunsWithClosedDescriptors)
 {

@@ -1,7 +1,9 @@
-// A plug-in as its author writes one: it calls the platform and shares the console, and links neither.
+// A plug-in as its author writes one: it calls the platform and shares the console, and links neither. It does not mind
+// a word that is no number.
 #include "tvs-api/TVServiceAPI.h"
 
 #include <cstdio>
+#include <iostream>
 
 extern "C" __attribute__((visibility("default"))) void ht_subdebugmenu()
 {
@@ -10,4 +12,6 @@ extern "C" __attribute__((visibility("default"))) void ht_subdebugmenu()
         throw result; // nothing that the console knows
     std::printf("RestartVideoDecoder: %d\n", control->RestartVideoDecoder());
     TVServiceAPI::Destroy(control);
+    int number = 0;
+    std::cin >> number;
 }

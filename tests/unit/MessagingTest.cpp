@@ -30,6 +30,7 @@ struct Peer {
     }
     const char* answer;
     std::int64_t now = 1'000'000'000;
+    int flood = 0, unasked = 0; ///< messages that nobody asks for, behind each call and still to come
     std::string waits;
     sd_id128_t bus{}; ///< where the call came from
 };
@@ -50,6 +51,12 @@ int sd_bus_wait(sd_bus* bus, std::uint64_t microseconds)
     return peer == nullptr || peer->answer != nullptr ? wait(bus, microseconds) : peer->Wait(microseconds);
 }
 
+int sd_bus_process(sd_bus* bus, sd_bus_message** message)
+{
+    static const auto process = reinterpret_cast<decltype(&sd_bus_process)>(dlsym(RTLD_NEXT, "sd_bus_process"));
+    return peer == nullptr || peer->unasked == 0 ? process(bus, message) : peer->unasked-- > 0;
+}
+
 int sd_bus_call_async(sd_bus* bus, sd_bus_slot** slot, sd_bus_message* message, sd_bus_message_handler_t take,
                       void* taker, std::uint64_t microseconds)
 {
@@ -57,6 +64,7 @@ int sd_bus_call_async(sd_bus* bus, sd_bus_slot** slot, sd_bus_message* message, 
     if (peer == nullptr)
         return call(bus, slot, message, take, taker, microseconds);
     host::Checked(sd_bus_get_bus_id(bus, &peer->bus));
+    peer->unasked = peer->flood;
     if (peer->answer == nullptr)
         return 0;
     host::Checked(sd_bus_message_seal(message, 1, 0));
@@ -136,6 +144,21 @@ TEST(Messaging, WaitsTenSecondsForASilentPeerAndThenOne)
     const Peer silence(nullptr);
     EXPECT_EQ(Talk(connection.get()), kNotTaken);
     EXPECT_EQ(silence.waits, "10000000 "); // it has answered one
+}
+
+TEST(Messaging, EndsAFlood)
+{
+    testing::internal::CaptureStderr();
+    for (const int flood : {1000, 1001}) {
+        const auto connection = Connect("");
+        Peer service(nullptr);
+        service.flood = flood;
+        EXPECT_EQ(Talk(connection.get()), kNotTaken);
+        EXPECT_EQ(service.waits, flood == 1000 ? "10000000 " : "");
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "TV service on this process: no answer within 10 s\n"
+              "TV service on this process: a flood of messages that nobody asked for\n");
 }
 
 // The answer to one call, written as "Start 0", with its values behind.
