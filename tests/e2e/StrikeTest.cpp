@@ -14,11 +14,14 @@
 namespace
 {
 
-/// A tool whose input does not end: somebody holds the other end of it.
-struct HeldTool : Tool {
-    using Tool::Tool;
-    ~HeldTool() { close(end); }
-    const int end = open(("/proc/" + std::to_string(Pid()) + "/fd/0").c_str(), O_WRONLY | O_CLOEXEC);
+/// The other end of a tool's input, held by somebody: it does not end when the test is through.
+struct HeldInput {
+    explicit HeldInput(const Tool& tool)
+        : end(open(("/proc/" + std::to_string(tool.Pid()) + "/fd/0").c_str(), O_WRONLY | O_CLOEXEC))
+    {
+    }
+    ~HeldInput() { close(end); }
+    const int end;
 };
 
 constexpr int kStrikes[] = {SIGHUP, SIGINT, SIGTERM};
@@ -44,9 +47,10 @@ TEST(Strike, EndsTheInputAtEveryKindOfPrompt)
     };
     for (const Case& c : cases) {
         for (const int strike : kStrikes) {
-            HeldTool tool;
+            Tool tool;
             tool.Type(c.words);
             tool.WaitFor(c.prompt);
+            const HeldInput held(tool);
             kill(tool.Pid(), strike);
             tool.Type("99 "); // comes too late, or to nobody
             const Outcome outcome = tool.Finish();
@@ -85,9 +89,10 @@ TEST_P(StrikeAtAnyMoment, LeavesNothingBehind)
 
 TEST(Strike, ASecondOneEndsACallThatHangs)
 {
-    HeldTool tool("[delay]\nISourceControl::SetSource=3600000\n");
+    Tool tool("[delay]\nISourceControl::SetSource=3600000\n");
     tool.Type("5 6 0 13 ");
     tool.WaitFor("SourceType = 13\n");
+    const HeldInput held(tool);
     kill(tool.Pid(), SIGINT);
     kill(tool.Pid(), SIGTERM);
     const Outcome outcome = tool.Finish();
@@ -98,9 +103,11 @@ TEST(Strike, ASecondOneEndsACallThatHangs)
 // The kernel may pick any thread of the process.
 TEST(Strike, ReachesTheConsoleFromAnotherThread)
 {
-    HeldTool tool;
+    Tool tool;
     tool.Type("1 ");
     tool.WaitFor("tvs> ");
+    const HeldInput held(tool);
+    std::this_thread::sleep_for(std::chrono::milliseconds(100)); // by now it reads
     const std::string tasks = "/proc/" + std::to_string(tool.Pid()) + "/task";
     for (const auto& entry : std::filesystem::directory_iterator(tasks)) {
         const int thread = std::stoi(entry.path().filename());
