@@ -3,6 +3,7 @@
 #include "debugutil/Strike.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
@@ -24,11 +25,9 @@ constexpr int kLongestWord = 1 << 20;
 // Says once why texts are lost; the next one may find room again.
 void ReportLoss()
 {
-    static bool reported = false;
-    if (!reported)
-        std::cerr << std::string("console: text was lost: ") + std::strerror(errno) + "\n";
-    reported = true;
-    std::cout.clear();
+    static std::atomic<bool> reported{false}; // signal printers write on threads of their own
+    if (!reported.exchange(true))
+        Complain(std::string("console: text was lost: ") + std::strerror(errno));
 }
 
 // An earlier program may have left the input without waiting; what reads like its end is none then.
@@ -38,13 +37,17 @@ bool MakeInputWait()
     return (flags & O_NONBLOCK) != 0 && fcntl(STDIN_FILENO, F_SETFL, flags & ~O_NONBLOCK) == 0;
 }
 
+void ContinueInput()
+{
+    std::cin.clear();
+    std::clearerr(stdin);
+}
+
 // A plug-in that was given a word for a number leaves the stream failed; that is not the end of the input.
 void PrepareInput()
 {
     [[maybe_unused]] static const bool waitsFromTheStart = MakeInputWait();
-    if (strike::HasStruck())
-        std::cin.setstate(std::ios::eofbit | std::ios::failbit);
-    else if (!InputEnded())
+    if (!InputEnded())
         std::cin.clear();
 }
 
@@ -52,8 +55,17 @@ void PrepareInput()
 
 void Write(const std::string& text)
 {
+    if (!std::cout)
+        std::cout.clear(); // there may be room again
     if (!(std::cout << text << std::flush))
         ReportLoss();
+}
+
+void Complain(const std::string& text)
+{
+    if (!std::cerr)
+        std::cerr.clear();
+    std::cerr << text + "\n";
 }
 
 void WriteLine(std::string text)
@@ -68,8 +80,17 @@ bool ReadWord(std::string& word)
     while (!(std::cin >> std::setw(kLongestWord) >> word)) {
         if (!MakeInputWait())
             return false;
-        std::cin.clear();
-        std::clearerr(stdin);
+        ContinueInput();
+    }
+    while (std::cin.eof() && MakeInputWait()) { // in the middle of the word
+        ContinueInput();
+        std::string rest;
+        if (std::isspace(std::cin.peek()) == 0 && std::cin >> rest)
+            word += rest;
+    }
+    if (strike::HasStruck()) { // whether the word was there before it, or is the half of one
+        std::cin.setstate(std::ios::eofbit | std::ios::failbit);
+        return false;
     }
     if (word.size() == kLongestWord) {
         // Not from a human hand. Its rest must become neither memory nor a word of its own.
@@ -93,6 +114,14 @@ std::optional<std::int32_t> AskNumber(const std::string& prompt)
     if (InputEnded() || !Ask(prompt, word))
         return std::nullopt;
     return ToNumber(word);
+}
+
+void TakeBack()
+{
+    std::cin.exceptions(std::ios::goodbit);
+    std::cin.setf(std::ios::skipws);
+    std::cout.exceptions(std::ios::goodbit);
+    std::cout.width(0);
 }
 
 bool InputEnded() { return std::cin.bad() || (std::cin.eof() && std::cin.fail()); }

@@ -14,6 +14,9 @@ void Write(const std::string& text);
 /// Writes the text and a line end with one insertion and flushes.
 void WriteLine(std::string text);
 
+/// Writes a line to standard error.
+void Complain(const std::string& text);
+
 /// Reads one whitespace-separated word; several on a line feed successive reads. A word of more than a
 /// mebibyte is cut. False at the end of input.
 bool ReadWord(std::string& word);
@@ -23,6 +26,9 @@ bool Ask(const std::string& prompt, std::string& word);
 
 /// Asks for a number and converts whatever is typed. None at the end of input; what has ended is not asked again.
 std::optional<std::int32_t> AskNumber(const std::string& prompt);
+
+/// Takes the streams back from a plug-in, which may have left anything set in them.
+void TakeBack();
 
 /// Whether a read has found the end of input.
 bool InputEnded();

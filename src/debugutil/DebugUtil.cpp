@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cctype>
 #include <exception>
-#include <iostream>
+#include <optional>
 
 // Made in this order, after the standard streams; the proxy connects as it is made.
 bool TCDebugUtil::m_isDebugUtilMenu = true;
@@ -33,18 +33,20 @@ constexpr std::int32_t kLastOptionAboveDivider = 50;
 // The last caller of every action: whatever fails in there, the console survives.
 void RunAction(const std::string& name, const std::function<void()>& action)
 {
-    std::string failure;
+    std::optional<std::string> failure;
     try {
         action();
-        return;
     } catch (const std::exception& error) {
         failure = error.what();
     } catch (...) {
         failure = "unknown exception";
     }
+    console::TakeBack();
+    if (!failure)
+        return;
     std::replace_if(
-        failure.begin(), failure.end(), [](unsigned char byte) { return std::iscntrl(byte) != 0; }, ' ');
-    std::cerr << name + ": " + failure + "\n";
+        failure->begin(), failure->end(), [](unsigned char byte) { return std::iscntrl(byte) != 0; }, ' ');
+    console::Complain(name + ": " + *failure);
 }
 
 std::string MenuText(const std::vector<TSMenuOption>& options)

@@ -47,6 +47,8 @@ __attribute__((destructor)) void EndProcess()
 void strike::Expect()
 {
     g_console = pthread_self();
+    sigset_t expected;
+    sigemptyset(&expected);
     g_noInput = open("/dev/null", O_RDONLY | O_CLOEXEC);
     for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
         struct sigaction before = {}, action = {};
@@ -54,7 +56,9 @@ void strike::Expect()
         action.sa_flags = SA_SIGINFO | SA_RESTART;
         if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
             sigaction(signal, &action, nullptr);
+        sigaddset(&expected, signal);
     }
+    pthread_sigmask(SIG_UNBLOCK, &expected, nullptr); // whoever started us may have held them back
 }
 
 bool strike::HasStruck() { return g_signal != 0; }

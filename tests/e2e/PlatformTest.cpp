@@ -20,6 +20,8 @@ TEST(Platform, RefusesWhatItCannotPlayOrTrace)
         {"TVS_SCENARIO", pipe, "scenario " + pipe + ": not a regular file\n"},
         {"TVS_SCENARIO", "/proc/self/comm",
          "scenario /proc/self/comm: neither a group, a key nor a comment: DebugUtil\n"},
+        {"TVS_SCENARIO", "/proc/self/environ", "scenario /proc/self/environ: holds a zero byte\n"},
+        {"TVS_SCENARIO", "/proc/self/mem", "scenario /proc/self/mem: Input/output error\n"},
         {"TVS_SCENARIO", large, "scenario " + large + ": larger than 64 MiB\n"},
         {"TVS_TRACE", "/a\nb/c", "trace /a\\nb/c: No such file or directory\n"},
         {"TVS_TRACE", pipe, "trace " + pipe + ": No such device or address\n"},

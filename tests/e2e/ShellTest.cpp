@@ -50,7 +50,7 @@ TEST(Shell, GivesInToNothing)
          "trace torn: File too large\n1\nTVServiceAPI::Destroy(ISourceControl)\n"},
         {"exec 3<>in; mix() { perl -MFcntl -e 'fcntl(STDIN, F_SETFL, O_NONBLOCK)' <&3; }; mix; $TOOL <&3 >out & "
          "until grep -q Exit out; do sleep 0.01; done; mix; echo 2 >&3; until grep -q Player out; do sleep 0.01; done; "
-         "sleep 0.1; echo 99 >&3; wait $!; tail -n 1 out",
+         "sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 out",
          "cmd> executing: Exit\n"},
     };
     for (const auto& [command, shown] : cases) {

@@ -39,6 +39,7 @@ TEST(Strike, EndsTheInputAtEveryKindOfPrompt)
         {"", "cmd> ", "(no call)"},
         {"5 ", "15.GetPIDSetStatus", "(no call)"},
         {"5 6 7 ", "HDMI6 \n***************\nInput ? >", "TVServiceAPI::Destroy(ISourceControl)"},
+        {"5 6 7 1", "HDMI6 \n***************\nInput ? >", "TVServiceAPI::Destroy(ISourceControl)"}, // half a word
         {"5 1 0 ", "Analysis:2 > ", "(no call)"},
         {"6 ", "21. Set boot up", unsubscribed},
         {"6 17 1 ", "ret=1\n", unsubscribed},
@@ -57,6 +58,7 @@ TEST(Strike, EndsTheInputAtEveryKindOfPrompt)
             EXPECT_EQ(outcome.status, -strike) << c.words;
             EXPECT_EQ(LastCall(outcome), c.last) << c.words;
             EXPECT_TRUE(IsBalanced(outcome)) << c.words;
+            EXPECT_EQ(Lines(outcome.trace).find("SetSource"), std::string::npos) << c.words;
             EXPECT_EQ(outcome.err, "") << c.words;
         }
     }

@@ -1,5 +1,5 @@
 // A plug-in as its author writes one: it calls the platform and shares the console, and links neither. It does not mind
-// a word that is no number.
+// a word that is no number, and leaves the streams as it likes them.
 #include "tvs-api/TVServiceAPI.h"
 
 #include <cstdio>
@@ -13,5 +13,8 @@ extern "C" __attribute__((visibility("default"))) void ht_subdebugmenu()
     std::printf("RestartVideoDecoder: %d\n", control->RestartVideoDecoder());
     TVServiceAPI::Destroy(control);
     int number = 0;
-    std::cin >> number;
+    std::cin >> number >> std::noskipws;
+    std::cin.exceptions(std::ios::eofbit);
+    std::cout.exceptions(std::ios::failbit);
+    std::cout.width(1000);
 }

@@ -4,8 +4,8 @@
 #include "host/call/Text.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <memory>
 #include <sstream>
 #include <stdexcept>
@@ -98,14 +98,19 @@ Scenario LoadScenario(const std::string& path)
         Fail(path, std::strerror(errno));
     if (!S_ISREG(status.st_mode))
         Fail(path, "not a regular file");
-    if (static_cast<std::size_t>(status.st_size) > kLargestFile)
-        Fail(path, "larger than 64 MiB");
-    const std::ifstream file(path);
-    if (!file.is_open())
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "re"), std::fclose);
+    if (!file)
         Fail(path, std::strerror(errno));
-    std::ostringstream text;
-    text << file.rdbuf();
-    return ParseScenario(path, text.str());
+    std::string text; // a file may hold more than it says
+    for (char block[1 << 16]; text.size() <= kLargestFile;) {
+        const std::size_t count = std::fread(block, 1, sizeof block, file.get());
+        text.append(block, count);
+        if (std::ferror(file.get()) != 0)
+            Fail(path, std::strerror(errno));
+        if (count == 0)
+            break;
+    }
+    return ParseScenario(path, text);
 }
 
 Scenario BuiltInScenario() { return ParseScenario("(built in)", kBuiltInScenario); }

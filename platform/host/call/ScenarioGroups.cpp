@@ -70,9 +70,12 @@ private:
             m_scenario.services.emplace_back();
         } else {
             const auto found = readers.find(group);
-            if (found == readers.end())
+            if (found == readers.end()) {
+                std::vector<std::string> known = KeysOf(readers);
+                known.emplace_back("service");
                 throw std::runtime_error("scenario " + m_path + ": [" + Shortened(group) + "]: unknown group" +
-                                         NearestTo(group, KeysOf(readers)));
+                                         NearestTo(group, known));
+            }
             reader = found->second;
         }
         gsize count = 0;
@@ -177,7 +180,7 @@ private:
     void ReadSignal(const std::string& key)
     {
         const auto type = ParseNumber<std::int32_t>(key);
-        if (!type)
+        if (!type || std::to_string(*type) != key)
             Fail(key, "not the number of a signal type");
         TSSignalData& data = m_scenario.signals[*type];
         const std::string value = Raw(key);
@@ -209,8 +212,9 @@ private:
         const std::size_t mark = key.find('#');
         if (mark == std::string::npos)
             return faults.always;
-        const auto call = ParseNumber<unsigned>(key.substr(mark + 1));
-        if (!call || *call == 0)
+        const std::string number = key.substr(mark + 1);
+        const auto call = ParseNumber<unsigned>(number);
+        if (!call || *call == 0 || std::to_string(*call) != number)
             Fail(key, "calls are counted from 1");
         return faults.byCall[*call];
     }
@@ -251,7 +255,7 @@ private:
     [[noreturn]] void FailValue(const std::string& key, const std::string& reason)
     {
         const std::string value = Raw(key);
-        const bool remark = value.find(" #") != std::string::npos;
+        const bool remark = value.find('#') != std::string::npos;
         Fail(key, reason + ": " + Shortened(value) + (remark ? " (a comment needs a line of its own)" : ""));
     }
 

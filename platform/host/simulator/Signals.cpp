@@ -2,6 +2,7 @@
 
 #include "host/call/Operation.h"
 #include "host/call/StandardStreams.h"
+#include "host/call/Text.h"
 
 #include <algorithm>
 #include <chrono>
@@ -60,7 +61,7 @@ public:
                 std::get<TPipelineSignalCallback>(m_callback)(event.type, event.pipeline.profile,
                                                               event.pipeline.Handle().screenId, event.data, nullptr);
         } catch (const std::exception& error) {
-            Complain(std::string("signal callback: ") + error.what());
+            Complain(OneLine(std::string("signal callback: ") + error.what()));
         }
     }
 
