@@ -98,7 +98,8 @@ void DebugPrintService::Serve(sd_bus* bus)
 {
     std::vector<sd_bus_vtable> table = {SD_BUS_VTABLE_START(0)};
     for (const char* method : kDebugPrintMethodNames)
-        table.push_back(SD_BUS_METHOD(method, "nav", "av", OnCall, SD_BUS_VTABLE_UNPRIVILEGED));
+        table.push_back(SD_BUS_METHOD_WITH_NAMES(method, "nav", SD_BUS_PARAM(number) SD_BUS_PARAM(request), "av",
+                                                 SD_BUS_PARAM(reply), OnCall, SD_BUS_VTABLE_UNPRIVILEGED));
     table.push_back(SD_BUS_VTABLE_END);
     sd_bus_slot* added = nullptr;
     Checked(sd_bus_add_object_vtable(bus, &added, kServiceObjectPath, kDebugPrintInterface, table.data(), this));
