@@ -3,7 +3,8 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build_packages=(g++ cmake ninja-build pkg-config libglib2.0-dev libsystemd-dev)
-check_packages=(libgtest-dev libgmock-dev libbenchmark-dev dbus-daemon systemd python3-cram parallel openssh-client)
+check_packages=(libgtest-dev libgmock-dev libbenchmark-dev dbus-daemon systemd python3-cram parallel openssh-client
+    mandoc)
 # The tests want a server of their own; where a service manager runs, the package would start one for everybody.
 [ -d /run/systemd/system ] || check_packages+=(openssh-server)
 # The style tools of the version that tools/lint wants come with one Debian release.
