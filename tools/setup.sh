@@ -14,6 +14,12 @@ fail() {
     exit 1
 }
 
+# For an argument that a command does not know.
+refuse() {
+    echo "${0##*/}: unknown argument '$1'; try $0 --help" >&2
+    exit 2
+}
+
 # Of the packages named, those that are not installed.
 missing_packages() {
     local package
@@ -62,8 +68,11 @@ build() {
     exec {lock}>"$folder/.lock" || fail "cannot write $folder/.lock"
     flock "$lock" # two builds of one folder at a time would spoil it
     if [ ${#options[@]} -gt 0 ] || [ ! -e "$folder/build.ninja" ]; then
-        [ -e "$folder/build.ninja" ] || echo "${0##*/}: building in $name" >&2
+        [ -e "$folder/build.ninja" ] || echo "${0##*/}: configuring $name" >&2
         quietly "configuring the build" cmake -S "$root" -B "$folder" --preset "$preset" "${options[@]}"
+    fi
+    if [ "$(ninja -C "$folder" -n "$@" 2>/dev/null | tail -n 1)" != "ninja: no work to do." ]; then
+        echo "${0##*/}: building in $name" >&2
     fi
     quietly "the build" cmake --build "$folder" --target "$@"
     exec {lock}>&-

@@ -1,6 +1,7 @@
 // The TV service as a process of its own, on the bus that TVS_BUS names. It ends when that bus ends.
 #include "host/call/Settings.h"
 #include "host/call/StandardStreams.h"
+#include "host/call/Text.h"
 #include "host/messaging/DebugPrintService.h"
 
 #include <cerrno>
@@ -9,11 +10,37 @@
 #include <cstdlib>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
-int main()
+namespace
+{
+
+constexpr const char* kHelp = "Usage: TVS_BUS=BUS tvserviced\n"
+                              "Serves the TV service's debug menu, com.kavrin.TVService, until the bus ends.\n"
+                              "BUS is session, system or a D-Bus address.\n"
+                              "  --help     says this\n"
+                              "  --version  says the version\n";
+
+// The status of a process that was only asked, or asked wrongly.
+int Answer(std::string_view argument)
+{
+    if (argument != "--help" && argument != "--version") {
+        host::Complain("tvserviced: unknown argument '" + host::OneLine(std::string(argument)) +
+                       "'; try tvserviced --help");
+        return 2;
+    }
+    std::fputs(argument == "--help" ? kHelp : "tvserviced " TVSERVICED_VERSION "\n", stdout);
+    return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
 {
     host::KeepStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN); // whoever reads our one line may go
+    if (argc > 1)
+        return Answer(argv[1]);
     const auto setting = host::Setting("TVS_BUS");
     if (!setting) {
         host::Complain("tvserviced: TVS_BUS is not set: give session, system or a D-Bus address");
