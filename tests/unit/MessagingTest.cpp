@@ -101,8 +101,10 @@ std::string Talk(TVServiceAPIConnection* connection, int width = 1)
     TCMarshalableMenuItems list(&items, std::make_unique<TCMarshalableNodeCreator>());
     TCMarshallingHelperProxy call;
     for (const EMarshallingDirection direction : {MARSHALLING_REPLY, MARSHALLING_REQUEST}) {
-        for (int i = 0; i < 4; ++i)
-            call.PushValue(direction, i == 0 ? width : 1 << i, &numbers[i]);
+        for (int i = 0; i < 4; ++i) {
+            const int bytes = i == 0 ? width : 1 << i;
+            call.PushValue(direction, bytes, LowerBytes(numbers[i], static_cast<unsigned>(bytes)));
+        }
         call.PushMarshalableClass(direction, &string);
         call.PushMarshalableClass(direction, &list);
     }
