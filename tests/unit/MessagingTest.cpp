@@ -178,7 +178,7 @@ std::string Ask(const host::Bus& client, const std::string& call)
     const host::BusMessage request(made);
     host::Checked(sd_bus_message_append_basic(made, 'n', &number));
     host::AppendValues(made, Branch(std::move(stream)).GetChildren());
-    sd_bus_error error = SD_BUS_ERROR_NULL;
+    sd_bus_error error = {};
     TCTreeBranch answer;
     if (sd_bus_call(client.get(), made, 0, &error, &received) >= 0)
         answer.GetChildren() = host::ReadValues(received);
