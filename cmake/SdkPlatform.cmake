@@ -1,13 +1,36 @@
 # A set's SDK in place of the host platform. Under its root folder it provides the headers of platform/include in
-# usr/include, spelled alike, and the libraries below in usr/lib.
+# usr/include, spelled alike, and the libraries below in one of the usual folders. They are looked for anew each time,
+# and there only, whatever a toolchain file says of other searches: half of another SDK would be worse than none.
+set(root ${DEBUGUTIL_PLATFORM})
+if(NOT IS_ABSOLUTE "${root}" OR NOT IS_DIRECTORY "${root}")
+    message(FATAL_ERROR "DEBUGUTIL_PLATFORM is neither 'host' nor the whole path of a folder: ${root}")
+endif()
+
+file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR}/platform/include ${PROJECT_SOURCE_DIR}/platform/include/*.h)
+foreach(header IN LISTS headers)
+    if(NOT EXISTS ${root}/usr/include/${header})
+        message(FATAL_ERROR "The SDK has no ${header} in ${root}/usr/include")
+    endif()
+endforeach()
 add_library(platform-headers INTERFACE)
-target_include_directories(platform-headers SYSTEM INTERFACE ${DEBUGUTIL_PLATFORM}/usr/include)
+target_include_directories(platform-headers SYSTEM INTERFACE ${root}/usr/include)
+
+execute_process(COMMAND ${CMAKE_CXX_COMPILER} -dumpmachine OUTPUT_VARIABLE triplet OUTPUT_STRIP_TRAILING_WHITESPACE)
+set(folders usr/lib usr/lib64 usr/lib/${CMAKE_LIBRARY_ARCHITECTURE} usr/lib/${triplet})
+list(TRANSFORM folders PREPEND ${root}/)
+list(REMOVE_DUPLICATES folders)
 add_library(platform INTERFACE)
 target_link_libraries(platform INTERFACE platform-headers)
 foreach(name tvs-api debugmenu-utility vconf)
-    find_library(SDK_${name} ${name} PATHS ${DEBUGUTIL_PLATFORM}/usr/lib NO_DEFAULT_PATH REQUIRED)
-    target_link_libraries(platform INTERFACE ${SDK_${name}})
+    unset(found)
+    find_library(found ${name} PATHS ${folders} NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+    if(NOT found)
+        list(JOIN folders ", " searched)
+        message(FATAL_ERROR "The SDK has no library ${name} in ${searched}")
+    endif()
+    target_link_libraries(platform INTERFACE ${found})
 endforeach()
 # The SDK's libraries may need further ones of their own. On the set all of them lie where the loader looks.
-target_link_options(platform INTERFACE LINKER:-rpath-link,${DEBUGUTIL_PLATFORM}/usr/lib)
+list(TRANSFORM folders PREPEND LINKER:-rpath-link, OUTPUT_VARIABLE links)
+target_link_options(platform INTERFACE ${links})
 set(CMAKE_SKIP_BUILD_RPATH ON)

@@ -14,7 +14,7 @@ std::string Exports(const std::string& file)
 
 TEST(Layout, TheToolExportsWhatPlugInsCall)
 {
-    EXPECT_EQ(Exports("$TOOL"), "TCDebugMenuTPMS::Enter()\nTCDebugMenuTPMS::TCDebugMenuTPMS()\n");
+    EXPECT_EQ(Exports(TOOL_FILE), "TCDebugMenuTPMS::Enter()\nTCDebugMenuTPMS::TCDebugMenuTPMS()\n");
 }
 
 TEST(Layout, TheLibrariesExportWhatTheirHeadersDeclare)

@@ -18,8 +18,8 @@ TEST(Platform, RefusesWhatItCannotPlayOrTrace)
     const std::string cases[][3] = {
         {"TVS_SCENARIO", "/a\nb", "scenario /a\\nb: No such file or directory\n"},
         {"TVS_SCENARIO", pipe, "scenario " + pipe + ": not a regular file\n"},
-        {"TVS_SCENARIO", "/proc/self/comm",
-         "scenario /proc/self/comm: neither a group, a key nor a comment: DebugUtil\n"},
+        {"TVS_SCENARIO", "/proc/sys/kernel/ostype",
+         "scenario /proc/sys/kernel/ostype: neither a group, a key nor a comment: Linux\n"},
         {"TVS_SCENARIO", "/proc/self/environ", "scenario /proc/self/environ: holds a zero byte\n"},
         {"TVS_SCENARIO", "/proc/self/mem", "scenario /proc/self/mem: Input/output error\n"},
         {"TVS_SCENARIO", large, "scenario " + large + ": larger than 64 MiB\n"},

@@ -27,11 +27,13 @@ constexpr std::size_t kReported = 4000; // the end of what was printed
 
 } // namespace
 
-std::chrono::seconds Patience()
+int SettingOr(const char* name, int usual)
 {
-    const char* const setting = std::getenv("DEBUGUTIL_TEST_PATIENCE");
-    return std::chrono::seconds(setting == nullptr ? 60 : std::atoi(setting));
+    const char* const setting = std::getenv(name);
+    return setting == nullptr ? usual : std::atoi(setting);
 }
+
+std::chrono::seconds Patience() { return std::chrono::seconds(SettingOr("DEBUGUTIL_TEST_PATIENCE", 60)); }
 
 Process::Process()
 {

@@ -47,6 +47,9 @@ private:
     std::size_t m_seen = 0;
 };
 
+/// The number that the environment sets under that name.
+int SettingOr(const char* name, int usual);
+
 /// How long a program may take to answer.
 std::chrono::seconds Patience();
 

@@ -7,19 +7,27 @@
 
 static const std::string kKinds = "yqut";
 
+void* LowerBytes(std::uint64_t& number, unsigned width)
+{
+    const bool lowerFirst = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
+    return reinterpret_cast<char*>(&number) + (lowerFirst ? 0 : sizeof number - width);
+}
+
 TCTreeBranch Branch(std::istream&& text)
 {
     TCTreeBranch branch;
     short tag = 0;
     char kind = 0;
     for (std::string bytes; text >> std::ws && text.peek() != ']' && text >> tag && text.ignore() >> kind;) {
-        std::uint64_t number = 0; // its lower bytes stand first
+        std::uint64_t number = 0;
         if (kind == '[')
             branch.AppendChild({tag, Branch(std::move(text))});
         else if (kind == '\'' && std::getline(text, bytes, '\''))
             branch.AppendChild({tag, TCTreeNode::Bytes(bytes.begin(), bytes.end())});
-        else if (text >> number)
-            branch.AppendChild(*DefaultNodeCreator().CreateNode(&number, 1U << kKinds.find(kind), tag, 1));
+        else if (text >> number) {
+            const unsigned width = 1U << kKinds.find(kind);
+            branch.AppendChild(*DefaultNodeCreator().CreateNode(LowerBytes(number, width), width, tag, 1));
+        }
     }
     text.ignore(); // the bracket
     return branch;

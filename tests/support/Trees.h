@@ -11,6 +11,9 @@
 std::string Show(const TCTreeBranch& branch);
 TCTreeBranch Branch(std::istream&& text);
 
+/// The lower bytes of a number, so many, where the CPU keeps them.
+void* LowerBytes(std::uint64_t& number, unsigned width);
+
 /// Goes through a file of what is said, in lines behind "> ", and what is answered to it, below: once where the same is
 /// answered to several. Fails where the answer is another one.
 void ExpectTalk(const std::string& name, const std::function<std::string(const std::string& said)>& answer);

@@ -5,13 +5,12 @@
 #include "support/Screens.h"
 #include "support/Trees.h"
 
+#include <chrono>
 #include <cstring>
 #include <ctime>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <sys/syscall.h>
-#include <unistd.h>
 
 namespace
 {
@@ -37,12 +36,14 @@ struct Peer {
 
 } // namespace
 
-int clock_gettime(clockid_t clock, timespec* time) noexcept
+std::chrono::steady_clock::time_point std::chrono::steady_clock::now() noexcept
 {
-    if (peer == nullptr || peer->answer != nullptr || clock != CLOCK_MONOTONIC)
-        return static_cast<int>(syscall(SYS_clock_gettime, clock, time));
-    *time = {peer->now, 0};
-    return 0;
+    timespec time = {};
+    if (peer == nullptr || peer->answer != nullptr)
+        clock_gettime(CLOCK_MONOTONIC, &time);
+    else
+        time.tv_sec = static_cast<std::time_t>(peer->now);
+    return time_point(std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec));
 }
 
 int sd_bus_wait(sd_bus* bus, std::uint64_t microseconds)
@@ -100,8 +101,10 @@ std::string Talk(TVServiceAPIConnection* connection, int width = 1)
     TCMarshalableMenuItems list(&items, std::make_unique<TCMarshalableNodeCreator>());
     TCMarshallingHelperProxy call;
     for (const EMarshallingDirection direction : {MARSHALLING_REPLY, MARSHALLING_REQUEST}) {
-        for (int i = 0; i < 4; ++i)
-            call.PushValue(direction, i == 0 ? width : 1 << i, &numbers[i]);
+        for (int i = 0; i < 4; ++i) {
+            const int bytes = i == 0 ? width : 1 << i;
+            call.PushValue(direction, bytes, LowerBytes(numbers[i], static_cast<unsigned>(bytes)));
+        }
         call.PushMarshalableClass(direction, &string);
         call.PushMarshalableClass(direction, &list);
     }
@@ -175,7 +178,7 @@ std::string Ask(const host::Bus& client, const std::string& call)
     const host::BusMessage request(made);
     host::Checked(sd_bus_message_append_basic(made, 'n', &number));
     host::AppendValues(made, Branch(std::move(stream)).GetChildren());
-    sd_bus_error error = SD_BUS_ERROR_NULL;
+    sd_bus_error error = {};
     TCTreeBranch answer;
     if (sd_bus_call(client.get(), made, 0, &error, &received) >= 0)
         answer.GetChildren() = host::ReadValues(received);

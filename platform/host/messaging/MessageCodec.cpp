@@ -92,9 +92,22 @@ private:
     {
         const void* bytes = nullptr;
         std::size_t size = 0;
-        Checked(sd_bus_message_read_array(m_message, 'y', &bytes, &size));
+        const int result = sd_bus_message_read_array(m_message, 'y', &bytes, &size);
+        if (result == -EOPNOTSUPP) // the peer's CPU has the other byte order
+            return ReadBytesOneByOne();
+        Checked(result);
         const auto* first = static_cast<const unsigned char*>(bytes);
         return {first, first + size};
+    }
+
+    TCTreeNode::Bytes ReadBytesOneByOne()
+    {
+        TCTreeNode::Bytes bytes;
+        Checked(sd_bus_message_enter_container(m_message, 'a', "y"));
+        for (unsigned char byte = 0; Checked(sd_bus_message_read_basic(m_message, 'y', &byte)) > 0;)
+            bytes.push_back(byte);
+        Checked(sd_bus_message_exit_container(m_message));
+        return bytes;
     }
 
     TCTreeBranch ReadBranch(int depth)

@@ -1,0 +1,18 @@
+# Included by the others: Debian's cross compiler, and the libraries of that CPU in a root folder of their own, which
+# "./check --arch" lays out. So the machine itself stays as it is.
+if(NOT libraries)
+    set(libraries ${triplet})
+endif()
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_CXX_COMPILER ${triplet}-g++)
+get_filename_component(CMAKE_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../../build-${arch}/root ABSOLUTE)
+if(NOT EXISTS ${CMAKE_SYSROOT}/usr/lib)
+    message(FATAL_ERROR "no libraries for ${arch} in ${CMAKE_SYSROOT}: ./check --arch ${arch} fetches them")
+endif()
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(ENV{PKG_CONFIG_SYSROOT_DIR} ${CMAKE_SYSROOT})
+set(ENV{PKG_CONFIG_LIBDIR} ${CMAKE_SYSROOT}/usr/lib/${libraries}/pkgconfig:${CMAKE_SYSROOT}/usr/share/pkgconfig)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${emulator} ${CMAKE_SYSROOT})

@@ -1,0 +1,45 @@
+# Sourced by ./check: the tests on another CPU. Its libraries lie in a root folder beside the build, so that the machine
+# need not know that CPU, and their versions may differ from the machine's own.
+
+# fetch_root ARCH FOLDER: the libraries of this Debian release for that CPU, fetched, laid out and not installed.
+fetch_root() {
+    local arch=$1 folder=$2 release source packages=(libstdc++6 libglib2.0-dev libsystemd-dev libgtest-dev libgmock-dev)
+    [ ! -e "$folder" ] || return 0
+    echo "${0##*/}: fetching the libraries for $arch" >&2
+    [ "$arch" != i386 ] || packages+=(libasan8 libubsan1)
+    release=$(. /etc/os-release && echo "${VERSION_CODENAME-}")
+    source=$(apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' |
+        grep " $release main\$" | head -1)
+    [ -n "$source" ] || fail "apt knows no source of $release main"
+    rm -rf "$folder.part"
+    mkdir -p "$folder.part" || fail "cannot write $folder.part"
+    quietly "fetching the libraries for $arch (is there a network?)" unpack_root "$arch" "$folder.part" "$release" \
+        "$source" "$(IFS=,; echo "${packages[*]}")"
+    mv "$folder.part" "$folder"
+}
+
+unpack_root() {
+    set -o pipefail
+    mmdebstrap --variant=extract --format=tar --architectures="$1" --include="$5" "$3" - "$4" |
+        tar -x -C "$2" --exclude=./dev --no-same-owner
+}
+
+# check_arch ARCH: everything that the default suite takes, on that CPU.
+check_arch() {
+    local arch=$1 preset status=0 packages presets=("$1")
+    case $arch in
+    armhf) packages=(g++-arm-linux-gnueabihf qemu-user) ;;
+    s390x) packages=(g++-s390x-linux-gnu qemu-user) ;;
+    i386) packages=(g++-i686-linux-gnu) presets+=(i386-asan) ;;
+    *) refuse "--arch $arch" ;;
+    esac
+    install_packages "${build_packages[@]}" "${check_packages[@]}" mmdebstrap "${packages[@]}"
+    fetch_root "$arch" "$root/build-$arch/root"
+    cd "$root" || fail "cannot enter $root"
+    for preset in "${presets[@]}"; do
+        build "$preset" "build-$preset" -DDEBUGUTIL_WERROR=ON -DDEBUGUTIL_TESTS=ON -- all
+        echo "== $preset"
+        ctest --preset "$preset" --parallel "$(nproc)" </dev/null || status=1
+    done
+    return $status
+}
