@@ -3,6 +3,5 @@ set(CMAKE_SYSTEM_PROCESSOR i686)
 set(arch i386)
 set(triplet i686-linux-gnu)
 set(libraries i386-linux-gnu)
+set(emulator ${CMAKE_CURRENT_LIST_DIR}/i386-loader)
 include(${CMAKE_CURRENT_LIST_DIR}/Debian.cmake)
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_SYSROOT}/lib/ld-linux.so.2
-    --library-path ${CMAKE_SYSROOT}/lib/${libraries}:${CMAKE_SYSROOT}/usr/lib/${libraries})
