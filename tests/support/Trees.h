@@ -4,13 +4,18 @@
 
 #include "tvs-api-internal/Tree.h"
 
-#include <functional>
 #include <istream>
 #include <string>
 
 std::string Show(const TCTreeBranch& branch);
 TCTreeBranch Branch(std::istream&& text);
 
-/// Goes through a file of what is said, in lines behind "> ", and what is answered to it, below: once where the same is
-/// answered to several. Fails where the answer is another one.
-void ExpectTalk(const std::string& name, const std::function<std::string(const std::string& said)>& answer);
+/// Tags the values by their places. Those of a message are sent without tags.
+void NumberTags(TCTreeBranch& values);
+
+/// Whether the values are of these shapes, tagged by their places: a plain value has the letter of its width; T is a
+/// text, I a menu item, L a list of those.
+bool Fit(const std::vector<TCTreeNode>& values, const std::string& shapes);
+
+/// Makes the flags of a list of menu items 0 or 1.
+void NormaliseFlags(TCTreeNode& list);
