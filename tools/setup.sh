@@ -7,8 +7,12 @@ check_packages=(libgtest-dev libgmock-dev libbenchmark-dev dbus-daemon systemd p
     mandoc)
 # The tests want a server of their own; where a service manager runs, the package would start one for everybody.
 [ -d /run/systemd/system ] || check_packages+=(openssh-server)
-# The style tools of the version that tools/lint wants come with one Debian release.
-! grep -qs '^VERSION_ID="12"' /etc/os-release || check_packages+=(clang-format-14 clang-tidy-14)
+fuzz_packages=()
+# The style tools of the version that tools/lint wants, and the fuzzer under this name, come with one Debian release.
+if grep -qs '^VERSION_ID="12"' /etc/os-release; then
+    check_packages+=(clang-format-14 clang-tidy-14)
+    fuzz_packages=(clang libclang-rt-14-dev)
+fi
 
 fail() {
     echo "${0##*/}: $*" >&2

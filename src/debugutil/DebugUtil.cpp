@@ -68,6 +68,7 @@ std::string MenuText(const std::vector<TSMenuOption>& options)
 void TCDebugUtil::StartMenu()
 {
     std::string word;
+    m_exitDebugMenu = false;
     console::WriteLine("DebugUtil");
     while (!m_exitDebugMenu) {
         if (m_isDebugUtilMenu)

@@ -34,7 +34,7 @@ TEST_F(RemoteMenu, IsTheSameOnEveryRoadToTheService)
     StartService();
     const auto walk = [](const Environment& road) { return RunTool("1\n3\n03\n99\n1\n", "", road); };
     const Outcome embedded = walk({});
-    EXPECT_EQ(Lines(embedded.trace), kStart + kExecute + kExecute + kExecute + kStop + kStart + kStop);
+    EXPECT_EQ(embedded.trace, kStart + kExecute + kExecute + kExecute + kStop + kStart + kStop);
     for (const Environment& road : {Environment{{"TVS_BUS", address}},
                                     {{"TVS_BUS", "session"}, {"DBUS_SESSION_BUS_ADDRESS", address}},
                                     {{"TVS_BUS", "system"}, {"DBUS_SYSTEM_BUS_ADDRESS", address}}}) {
@@ -63,27 +63,10 @@ TEST_F(RemoteMenu, ComesBackWithTheServiceAndTheBus)
         kRun + "Execute\", 1) = false\n" + kRun + "Stop\", 2) = false\n" + kRun + "Start\", 0) = false\n";
     const Outcome outcome = tool.Finish();
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(Lines(outcome.trace), kStart + missed + kStart + missed + kStart + kStop);
+    EXPECT_EQ(outcome.trace, kStart + missed + kStart + missed + kStart + kStop);
     const std::string lost = "TV service on " + address + ": ", refused = lost + "Connection refused\n",
                       noOwner = lost + "The name com.kavrin.TVService was not provided by any .service files\n";
     EXPECT_EQ(outcome.err, noOwner + noOwner + noOwner + refused + refused + refused);
-}
-
-TEST_F(RemoteMenu, HasAServiceThatBusToolsDescribeAndThatSaysWhyItEnds)
-{
-    StartService();
-    EXPECT_EQ(RunShell("busctl introspect com.kavrin.TVService /com/kavrin/TVService/SignalObject --address=" +
-                       address + " com.kavrin.IDebugPrintControl | grep -c ' method *nav *av '"),
-              "11\n");
-    EXPECT_EQ(RunShell("cd ${TOOL%/*}; for TVS_BUS in '' nowhere: " + address +
-                       "; do export TVS_BUS; ./tvserviced 2>&1; echo $?; done"),
-              "tvserviced: TVS_BUS is not set: give session, system or a D-Bus address\n1\n"
-              "tvserviced: nowhere:: Connection refused\n1\n"
-              "tvserviced: " +
-                  address + ": com.kavrin.TVService has an owner already\n1\n");
-    bus.Kill();
-    EXPECT_EQ(service.End(), 1);
-    EXPECT_EQ(ReadFile(service.Path("err")), "tvserviced: the bus has ended\n");
 }
 
 } // namespace

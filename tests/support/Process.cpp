@@ -150,8 +150,6 @@ int Process::End()
     return WIFEXITED(state) ? WEXITSTATUS(state) : -WTERMSIG(state);
 }
 
-void Process::CloseOutput() { close(std::exchange(m_out, -1)); }
-
 void Process::Kill()
 {
     if (m_pid > 0) {

@@ -26,8 +26,6 @@ public:
     void WaitFor(const std::string& text);
     /// Ends the input and waits for the exit; returns its status, or minus the signal that ended the program.
     int End();
-    /// Nobody reads the output from here on.
-    void CloseOutput();
     void Kill();
     /// The path of a file in the program's folder, which goes with it.
     std::string Path(const char* name) const { return m_folder + "/" + name; }

@@ -1,7 +1,7 @@
 #include "support/Recording.h"
 
-#include "support/Process.h"
 #include "support/Screens.h"
+#include "support/Tool.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -24,13 +24,7 @@ std::string FileText(const Recording& recording)
 
 std::string Run(const char* tool, const std::string& input, const std::string& scenario)
 {
-    Process process;
-    Environment environment = {{"TVS_TRACE", "-"}, {"DEBUGMENU_SYSROOT", SYSROOT_PATH}};
-    if (!scenario.empty()) {
-        std::ofstream(process.Path("scenario")) << scenario;
-        environment["TVS_SCENARIO"] = process.Path("scenario");
-    }
-    process.Start({"sh", "-c", std::string("exec ") + tool + " 2>&1"}, environment);
+    Tool process(scenario, {{"TVS_TRACE", "-"}}, {"sh", "-c", std::string("exec ") + tool + " 2>&1"});
     process.Type(input);
     const int status = process.End();
     return FoldMenus(process.Text() + (status == 0 ? "" : "exit status " + std::to_string(status) + "\n"));

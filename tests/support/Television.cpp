@@ -7,15 +7,14 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-Television::Television(const std::string& scenario)
+Television::Television(host::Scenario scenario)
     : m_record(memfd_create("record", MFD_CLOEXEC)),
-      m_path("/proc/self/fd/" + std::to_string(m_record)), m_host{scenario.empty()
-                                                                      ? host::BuiltInScenario()
-                                                                      : host::ParseScenario("(test)", scenario),
-                                                                  {}},
-      m_hostBefore(host::Host::Exchange(m_host)), m_output(m_path, std::ios::app),
-      m_inputBefore(std::cin.rdbuf(m_input.rdbuf())), m_outputBefore(std::cout.rdbuf(m_output.rdbuf()))
+      m_path("/proc/self/fd/" + std::to_string(m_record)), m_host{std::move(scenario), {}},
+      m_hostBefore(host::Host::Exchange(m_host)), m_before{std::cin.rdbuf(&m_input), std::cout.rdbuf(m_output.rdbuf()),
+                                                           std::cerr.rdbuf(m_output.rdbuf())}
 {
+    m_output.rdbuf()->pubsetbuf(nullptr, 0);
+    m_output.open(m_path, std::ios::app);
     m_host.trace.Open(m_path);
     host::Simulator::Instance().Restart();
     std::cin.clear();
@@ -23,8 +22,9 @@ Television::Television(const std::string& scenario)
 
 Television::~Television()
 {
-    std::cin.rdbuf(m_inputBefore);
-    std::cout.rdbuf(m_outputBefore);
+    std::cin.rdbuf(m_before[0]);
+    std::cout.rdbuf(m_before[1]);
+    std::cerr.rdbuf(m_before[2]);
     std::cin.clear();
     host::Host::Exchange(m_hostBefore);
     host::Simulator::Instance().Restart();
@@ -33,13 +33,12 @@ Television::~Television()
 
 void Television::Type(const std::string& words)
 {
-    m_input.str(words);
+    m_typed.str(words);
     std::cin.clear();
 }
 
 std::string Television::TakeRecord()
 {
-    std::cout.flush();
     std::string text(static_cast<std::size_t>(lseek(m_record, 0, SEEK_END) - m_taken), '\0');
     text.resize(static_cast<std::size_t>(std::max<ssize_t>(pread(m_record, text.data(), text.size(), m_taken), 0)));
     m_taken += static_cast<off_t>(text.size());

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "host/call/Host.h"
+#include "support/WordByWord.h"
 
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <streambuf>
 #include <string>
@@ -13,8 +15,7 @@
 class Television
 {
 public:
-    /// The scenario is the text of a file; empty for the built-in one.
-    explicit Television(const std::string& scenario = "");
+    explicit Television(host::Scenario scenario = host::BuiltInScenario());
     ~Television();
     Television(const Television&) = delete;
     Television& operator=(const Television&) = delete;
@@ -25,14 +26,17 @@ public:
     /// What has been printed and called since the record was last taken, in the order in which it happened.
     std::string TakeRecord();
 
+    /// Called with each word as it is read, and with "" at the end of the input.
+    std::function<void(const std::string& word)> onWord = [](const std::string&) {};
+
 private:
     int m_record; // a file in memory, which console and trace append to
     std::string m_path;
     host::Host m_host;
     host::Host& m_hostBefore;
-    std::istringstream m_input;
-    std::ofstream m_output;
-    std::streambuf* m_inputBefore;
-    std::streambuf* m_outputBefore;
+    std::stringbuf m_typed;
+    WordByWord m_input{m_typed, [this](const std::string& word) { onWord(word); }};
+    std::ofstream m_output;      // without a buffer: signals are printed by threads of their own
+    std::streambuf* m_before[3]; // input, output and errors
     off_t m_taken = 0;
 };

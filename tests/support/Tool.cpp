@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-Tool::Tool(const std::string& scenario, Environment environment)
+Tool::Tool(const std::string& scenario, Environment environment, const std::vector<std::string>& command)
 {
     environment.try_emplace("TVS_TRACE", Path("trace"));
     environment.try_emplace("DEBUGMENU_SYSROOT", SYSROOT_PATH);
@@ -10,17 +10,13 @@ Tool::Tool(const std::string& scenario, Environment environment)
         std::ofstream(Path("scenario")) << scenario;
         environment["TVS_SCENARIO"] = Path("scenario");
     }
-    Start({TOOL_PATH}, environment);
+    Start(command, environment);
 }
 
 Outcome Tool::Finish()
 {
     const int status = End();
-    Outcome outcome{status, Text(), ReadFile(Path("err")), ReadFile(Path("scenario")), {}};
-    std::ifstream trace(Path("trace"));
-    for (std::string line; std::getline(trace, line);)
-        outcome.trace.push_back(line);
-    return outcome;
+    return {status, Text(), ReadFile(Path("err")), ReadFile(Path("trace"))};
 }
 
 Outcome RunTool(const std::string& input, const std::string& scenario, const Environment& environment)
@@ -28,12 +24,4 @@ Outcome RunTool(const std::string& input, const std::string& scenario, const Env
     Tool tool(scenario, environment);
     tool.Type(input);
     return tool.Finish();
-}
-
-std::string RunShell(const std::string& command)
-{
-    Process shell;
-    shell.Start({"sh", "-c", command}, {{"TOOL", TOOL_PATH}});
-    shell.End();
-    return shell.Text();
 }

@@ -12,13 +12,11 @@ class Tool : public Process
 {
 public:
     /// The scenario is the text of a file; empty for the built-in one.
-    explicit Tool(const std::string& scenario = "", Environment environment = {});
+    explicit Tool(const std::string& scenario = "", Environment environment = {},
+                  const std::vector<std::string>& command = {TOOL_PATH});
     /// Ends the input, waits for the exit and collects all.
     Outcome Finish();
 };
 
 /// Types all of the input and ends it.
 Outcome RunTool(const std::string& input, const std::string& scenario = "", const Environment& environment = {});
-
-/// What the shell command prints; $TOOL in it is the executable.
-std::string RunShell(const std::string& command);

@@ -1,8 +1,6 @@
 #include "support/Trees.h"
 
-#include "support/Process.h"
-
-#include <gtest/gtest.h>
+#include <algorithm>
 #include <sstream>
 
 static const std::string kKinds = "yqut";
@@ -24,7 +22,7 @@ TCTreeBranch Branch(std::istream&& text)
             branch.AppendChild({tag, Branch(std::move(text))});
         else if (kind == '\'' && std::getline(text, bytes, '\''))
             branch.AppendChild({tag, TCTreeNode::Bytes(bytes.begin(), bytes.end())});
-        else if (text >> number) {
+        else if (text >> number && kKinds.find(kind) != std::string::npos) {
             const unsigned width = 1U << kKinds.find(kind);
             branch.AppendChild(*DefaultNodeCreator().CreateNode(LowerBytes(number, width), width, tag, 1));
         }
@@ -52,17 +50,43 @@ std::string Show(const TCTreeBranch& branch)
     return text;
 }
 
-void ExpectTalk(const std::string& name, const std::function<std::string(const std::string& said)>& answer)
+void NumberTags(TCTreeBranch& values)
 {
-    const std::string expected = ReadFile(TALKS_PATH "/" + name);
-    std::istringstream lines(expected);
-    std::string talk, last;
-    for (std::string line; std::getline(lines, line);) {
-        if (line.rfind("> ", 0) != 0)
-            continue;
-        const std::string told = answer(line.substr(2)) + "\n";
-        talk += (told == last ? "" : last) + line + "\n";
-        last = told;
+    short tag = 0;
+    for (TCTreeNode& value : values.GetChildren())
+        value.tag = tag++;
+}
+
+static bool Fits(const TCTreeNode& node, int tag, char shape)
+{
+    if (node.tag != tag || kKinds.find(shape) != std::string::npos)
+        return node.tag == tag && node.value.index() == kKinds.find(shape);
+    const auto* branch = std::get_if<TCTreeBranch>(&node.value);
+    const std::vector<TCTreeNode> parts = branch == nullptr ? std::vector<TCTreeNode>() : branch->GetChildren();
+    if (shape == 'L')
+        return branch != nullptr &&
+               std::all_of(parts.begin(), parts.end(), [](auto& part) { return Fits(part, -1, 'I'); });
+    if (shape == 'I')
+        return Fit(parts, "Tyu");
+    if (Fit(parts, "u"))
+        return std::get<std::uint32_t>(parts[0].value) == 0;
+    const auto* bytes = parts.size() == 2 ? std::get_if<TCTreeNode::Bytes>(&parts[1].value) : nullptr;
+    return bytes != nullptr && parts[1].tag == 1 && Fits(parts[0], 0, 'u') && !bytes->empty() &&
+           std::get<std::uint32_t>(parts[0].value) == bytes->size();
+}
+
+bool Fit(const std::vector<TCTreeNode>& values, const std::string& shapes)
+{
+    bool fit = values.size() == shapes.size();
+    for (std::size_t i = 0; fit && i < shapes.size(); ++i)
+        fit = Fits(values[i], static_cast<int>(i), shapes[i]);
+    return fit;
+}
+
+void NormaliseFlags(TCTreeNode& list)
+{
+    for (TCTreeNode& item : std::get<TCTreeBranch>(list.value).GetChildren()) {
+        auto& flag = std::get<std::uint8_t>(std::get<TCTreeBranch>(item.value).GetChildren()[1].value);
+        flag = flag != 0;
     }
-    EXPECT_EQ(talk + last, expected);
 }

@@ -4,7 +4,6 @@
 
 #include "tvs-api-internal/Tree.h"
 
-#include <functional>
 #include <istream>
 #include <string>
 
@@ -14,6 +13,12 @@ TCTreeBranch Branch(std::istream&& text);
 /// The lower bytes of a number, so many, where the CPU keeps them.
 void* LowerBytes(std::uint64_t& number, unsigned width);
 
-/// Goes through a file of what is said, in lines behind "> ", and what is answered to it, below: once where the same is
-/// answered to several. Fails where the answer is another one.
-void ExpectTalk(const std::string& name, const std::function<std::string(const std::string& said)>& answer);
+/// Tags the values by their places. Those of a message are sent without tags.
+void NumberTags(TCTreeBranch& values);
+
+/// Whether the values are of these shapes, tagged by their places: a plain value has the letter of its width; T is a
+/// text, I a menu item, L a list of those.
+bool Fit(const std::vector<TCTreeNode>& values, const std::string& shapes);
+
+/// Makes the flags of a list of menu items 0 or 1.
+void NormaliseFlags(TCTreeNode& list);

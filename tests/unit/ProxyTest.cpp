@@ -1,6 +1,8 @@
 // The proxy and the shell's remote half on a messaging that only records: what a set's is handed.
 #include "debugutil/DebugUtil.h"
+#include "support/Process.h"
 #include "support/Screens.h"
+#include "support/Talk.h"
 #include "support/Trees.h"
 #include "tvs-api-internal/Diagnostics.h"
 
@@ -167,33 +169,12 @@ TEST(MarshalableString, KeepsEveryByteAndAssertsWithoutAString)
 
 TEST(Shell, GoesByTheResultsOfRemoteCallsAndReportsTheirExceptions)
 {
-    const auto text = [](const std::string& held) {
-        return held.empty() ? "0:[0:u0]" : "0:[0:u" + std::to_string(held.size()) + " 1:'" + held + "']";
-    };
-    const auto answer = [&](const char* result, const char* screen) {
-        return std::string("+0:u") + result + " " + text(screen) + "\n";
-    };
-    plays = std::stringstream("!\n" + answer("0", "no>") + answer("4294967291", "no>") + answer("2", "a> ") +
-                              answer("2", "b> ") + answer("1", "") + answer("3", "c> ") + "!\n+0:u0\n" +
-                              answer("1", "d> ") + answer("0", "no>") + "!\n" + answer("1", "e> ") +
-                              answer("4294967291", "no>") + "+0:u1\n" + answer("1", "f> ") + "?");
+    plays = std::stringstream(ReadFile(TALKS_PATH "/shell.replies"));
     static std::istringstream words("1 1 1 1 003 +3\nx\ty\xC3\xA4\xFF\" 1 99 1 3 1");
     std::cin.rdbuf(words.rdbuf());
     TakeRecord();
     TCDebugUtil::StartMenu();
-    const auto start = [&](const char* before) {
-        return kTopMenu + "executing: TVS\n0 Start(0:u4294967295 " + text(before) + ")";
-    };
-    const auto execute = [&](const char* before, const char* word) {
-        return before + ("1 Execute(0:u4294967295 1" + text(word).substr(1)) + " " + text(before) + ")";
-    };
-    const std::string failed = "Failed to start TVS debug print control\n", broken = "TVS: bro ken\n",
-                      stop = "2 Stop(0:u4294967295)";
-    EXPECT_EQ(TakeRecord(), "DebugUtil\n" + start("") + broken + start("") + failed + start("no>") + failed +
-                                start("no>") + execute("a> ", "003") + execute("b> ", "+3") + execute("b> ", "x") +
-                                execute("c> ", "y\xC3\xA4\xFF\"") + broken + stop + start("c> ") +
-                                execute("d> ", "99") + stop + broken + start("no>") + execute("e> ", "3") + stop +
-                                start("no>") + "f> " + stop + "TVS: unknown exception\n");
+    EXPECT_EQ(FoldMenus(TakeRecord()), ReadFile(TALKS_PATH "/shell.record"));
 }
 
 } // namespace

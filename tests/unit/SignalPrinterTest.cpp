@@ -2,6 +2,7 @@
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugUtil.h"
 #include "host/simulator/Signals.h"
+#include "support/Process.h"
 #include "support/Television.h"
 
 #include <algorithm>
@@ -17,34 +18,14 @@
 namespace
 {
 
-// The names without their prefix; behind a number stand those of that signal and of the ones that follow it.
-const char* const kNames =
-    "16 SEARCH_CHANNEL CHANNEL_FOUND SEARCH_CHANNEL_DONE SEARCH_OPTION_CHANGE SEARCH_SERVICE_LIST_FULL "
-    "SERVICE_LIST_CHANGED DIGITURK_AUTO_TUNING_RESULT EPG_COMPLETED PROGRAM_CHANGED EXT_SOURCE_CHANGE_START "
-    "EXT_SOURCE_SIGNAL_OK EXT_SOURCE_NOT_SUPPORT EXT_SOURCE_NO_SIGNAL EXT_SOURCE_UNPLUG EXT_SOURCE_STOP "
-    "PVR_SYSTEM_EVENT RATING_CHANGED CHANNEL_SCRAMBLED_FOUND SEARCH_SCRAMBLE SEARCH_SCRAMBLE_DONE "
-    "48 RECV_CURRENT_EVENT 59 TUNE_START TUNE_SUCCESS TUNER_LOCK_FAIL SERVICE_LOCKED TUNE_STOP SIGNAL_STRENGTH "
-    "CHANGE_TV_MODE RESOLUTION_CHANGED CAPTION_DESCRIPTOR SI_TIME_OUT 70 TUNE_PREPARATION TUNE_ABANDONED "
-    "TUNE_WEAK_SIGNAL 74 MTS_CHANGED TVS_ACTIVATE TVS_DEACTIVATE 78 DELIVERY_SYSTEM_CHANGED PRESENT_EIT_CHANGED "
-    "FOLLOWING_EIT_CHANGED SI_STARTED PICTURE_SIZE_CHANGE COUNTRY_CHANGED SEARCH_HOMING_CHANNEL_DONE PES_CHANGED "
-    "87 LOCK_SUCCESS KORLIX_CONNECTED_CHANGE KORLIX_PANEL_OFF_CHANGE VSI_3D_CHANGE UNMUTE_VIDEO "
-    "NEW_TRANSPONDERS_DETECTED BAT_CHANGED RECEIVED_MATCHED_3DCHANNEL DATA_SERVICE SCRAMBLED_SERVICE CLEAR_SERVICE "
-    "NOT_AVAILABLE_SERVICE TUNE_FOR_FEEDING_SI CI_VIDEODEC_ERROR_DETECT RATING_CHANGED_FROM_GUIDE MAJOR_TUNE "
-    "2817 PICTURE_SIZE_CHANGE_AFD";
-
 std::string NameOf(int type) { return TCDebugUtil::GetStringOfSignalType(static_cast<ESignalType>(type)); }
 
 TEST(SignalNames, AreThoseOfTheTable)
 {
     std::map<int, std::string> names;
-    std::istringstream words(kNames);
-    int next = 0;
-    for (std::string word; words >> word;) {
-        if (const int number = std::atoi(word.c_str()))
-            next = number;
-        else
-            names[next++] = "SIGNAL_" + word;
-    }
+    std::istringstream table(ReadFile(SIGNALS_PATH));
+    for (int type = 0; table >> type;)
+        table >> names[type];
     EXPECT_EQ(names.size(), 62U);
     for (int type = -3; type < 3000; ++type)
         EXPECT_EQ(NameOf(type), names.count(type) > 0 ? names[type] : "UNKOWN[" + std::to_string(type) + "]");
@@ -69,18 +50,25 @@ void Raise(int type, const host::Pipeline& pipeline = {}, const TSSignalData& da
     host::SignalHub::Instance().Raise(static_cast<ESignalType>(type), pipeline, data);
 }
 
-// Types word by word. Before each, signals are raised, and what they print is waited for.
-class Engineer : public std::streambuf
+// Before each word that is typed, signals are raised, and what they print is waited for.
+class Engineer
 {
 public:
-    Engineer(const std::string& words, host::SignalCallback settled, std::function<void()> raise,
+    Engineer(const std::string& words, host::SignalCallback settled, const std::function<void()>& raise,
              const std::string& scenario = "")
-        : m_television(scenario), m_words(words), m_settled(settled), m_raise(std::move(raise))
+        : m_television(host::ParseScenario("(test)", scenario)), m_settled(settled)
     {
         host::SignalHub::Instance().Subscribe(m_settled)->AddSignal(kLast, 0, 0, 0, 0);
-        std::cin.rdbuf(this);
+        m_television.Type(words);
+        m_television.onWord = [raise](const std::string&) {
+            const int before = g_settled;
+            raise();
+            Raise(kLast);
+            while (g_settled == before)
+                std::this_thread::yield();
+        };
     }
-    ~Engineer() override { host::SignalHub::Instance().Unsubscribe(m_settled); }
+    ~Engineer() { host::SignalHub::Instance().Unsubscribe(m_settled); }
 
     // The signals, and where their menu was left.
     std::string Printed()
@@ -93,27 +81,9 @@ public:
         return printed;
     }
 
-protected:
-    int_type underflow() override
-    {
-        const int before = g_settled;
-        m_raise();
-        Raise(kLast);
-        while (g_settled == before)
-            std::this_thread::yield();
-        if (!(m_words >> m_word))
-            return traits_type::eof();
-        m_word += '\n';
-        setg(m_word.data(), m_word.data(), m_word.data() + m_word.size());
-        return traits_type::to_int_type(m_word[0]);
-    }
-
 private:
     Television m_television;
-    std::istringstream m_words;
-    std::string m_word;
     host::SignalCallback m_settled;
-    std::function<void()> m_raise;
 };
 
 TEST(SignalPrinters, OfTheTVSMenuNameTheSignals)
@@ -182,17 +152,6 @@ TEST(SignalPrinters, OfTheTPMSMenuReadTheData)
             ;
     }
     EXPECT_EQ(engineer.Printed(), expected);
-}
-
-// The loop is quit before its thread has come to it, as a rule.
-TEST(SignalPrinters, LeaveAtOnce)
-{
-    Television television;
-    for (int round = 0; round < 500; ++round) {
-        television.Type("99");
-        TCDebugMenuTPMS().Enter();
-    }
-    EXPECT_EQ(g_main_context_pending(nullptr), FALSE);
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <glib.h>
+#include <memory>
 #include <numeric>
 #include <set>
 #include <utility>
@@ -10,9 +12,6 @@ namespace host
 {
 namespace
 {
-
-// Whether the byte goes on with a character of UTF-8.
-bool IsContinued(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
 // How many characters must be typed anew, left out or put in to make the one word of the other.
 std::size_t Distance(const std::string& a, const std::string& b)
@@ -63,11 +62,13 @@ std::string Stripped(const std::string& text)
 
 std::string Shortened(const std::string& text)
 {
-    constexpr std::size_t most = 80;
-    std::size_t characters = 0, bytes = 0;
-    while (bytes < text.size() && (IsContinued(text[bytes]) || characters < most))
-        characters += IsContinued(text[bytes++]) ? 0 : 1;
-    return bytes == text.size() ? text : text.substr(0, bytes) + "...";
+    constexpr glong most = 80;
+    // Bytes that are no characters would not count.
+    const std::unique_ptr<char, decltype(&g_free)> valid(
+        g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())), g_free);
+    if (g_utf8_strlen(valid.get(), -1) <= most)
+        return valid.get();
+    return std::string(valid.get(), g_utf8_offset_to_pointer(valid.get(), most)) + "...";
 }
 
 std::string NearestTo(const std::string& word, const std::vector<std::string>& known)

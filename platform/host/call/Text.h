@@ -16,7 +16,7 @@ std::string OneLine(const std::string& text);
 /// The text without the blanks around it.
 std::string Stripped(const std::string& text);
 
-/// The first 80 characters of the text, with "..." for the rest.
+/// The first 80 characters of the text, with "..." for the rest. What is not UTF-8 becomes U+FFFD.
 std::string Shortened(const std::string& text);
 
 /// The known words that are nearest to the word, as "; nearest: A, B".

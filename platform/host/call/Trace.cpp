@@ -82,6 +82,12 @@ std::string Show(const TServiceList& services)
 
 std::string Show(const std::vector<int>& ids) { return ShowAll(ids, ", ", "[]", Show<int>); }
 
+Trace::~Trace()
+{
+    if (m_descriptor > STDERR_FILENO)
+        close(m_descriptor);
+}
+
 void Trace::Open(const std::string& path)
 {
     // A pipe that nobody reads is refused, not waited for.

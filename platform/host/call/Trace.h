@@ -40,6 +40,11 @@ std::string Show(Number value)
 class Trace
 {
 public:
+    Trace() = default;
+    ~Trace();
+    Trace(const Trace&) = delete;
+    Trace& operator=(const Trace&) = delete;
+
     /// Opens the file and empties it; "-" is standard error. Throws std::runtime_error with one line.
     void Open(const std::string& path);
     bool IsOpen() const { return m_descriptor >= 0; }

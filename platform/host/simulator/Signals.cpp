@@ -114,6 +114,18 @@ void SignalHub::Unsubscribe(SignalCallback callback)
     ended->End(); // outside the mutex: the callback that it waits for may use the hub
 }
 
+std::size_t SignalHub::UnsubscribeAll()
+{
+    std::vector<std::shared_ptr<Subscription>> ended;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        ended.swap(m_subscriptions);
+    }
+    for (const auto& subscription : ended)
+        subscription->End();
+    return ended.size();
+}
+
 void SignalHub::Raise(ESignalType type, const Pipeline& pipeline, const TSSignalData& data)
 {
     const auto& scripted = Host::Instance().scenario.signals;

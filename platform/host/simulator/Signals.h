@@ -26,6 +26,8 @@ public:
     ISignalSubscriber* Subscribe(SignalCallback callback);
     /// Ends the subscription; waits for its callback if that is running on another thread.
     void Unsubscribe(SignalCallback callback);
+    /// Ends every subscription and returns how many there were.
+    std::size_t UnsubscribeAll();
     /// Queues the signal for every subscription that has its type now, and returns. What it carries is the scenario's
     /// where that says so.
     void Raise(ESignalType type, const Pipeline& pipeline, const TSSignalData& data);

@@ -1,0 +1,78 @@
+Words that nobody types.
+
+  $ { printf '9%.0s' {1..100000}; printf ' \0\0\0 2\0\0\0 \377 '; printf 'x%.0s' {1..100000}; } | DebugUtil | grep -aoE 'cmd> |Option.*'
+  cmd> 
+  Option was not recognised 2147483647
+  cmd> 
+  cmd> 
+  cmd> 
+  cmd> 
+  cmd> 
+
+A plug-in that is not there.
+
+  $ echo 6 | DEBUGMENU_SYSROOT=/nowhere DebugUtil | grep -v '^[ 0-9=-]'
+  /nowhere/usr/lib/libht-debugmenu.so: cannot open shared object file: No such file or directory (DEBUGMENU_SYSROOT moves it)
+  DebugUtil
+  DebugUtilMenu
+  cmd> executing: TVS HT Debug
+  DebugUtilMenu
+  cmd> 
+
+One without the entry.
+
+  $ mkdir -p root/usr/lib; cp $DEBUGMENU_SYSROOT/usr/lib/libvconf.so root/usr/lib/libht-debugmenu.so
+  $ echo 6 | DEBUGMENU_SYSROOT=root DebugUtil 2>&1 >/dev/null
+  root/usr/lib/libht-debugmenu.so: undefined symbol: ht_subdebugmenu (DEBUGMENU_SYSROOT moves it)
+
+A plug-in of somebody else's calls the platform and shares the console; what it throws is no exception of the library.
+
+  $ echo 6 x | DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT TVS_TRACE=trace DebugUtil | grep -E ':|cmd'; cat trace
+  cmd> executing: TVS HT Debug
+  RestartVideoDecoder: 1
+  cmd> ====================================
+  cmd> 
+  TVServiceAPI::CreateAVControl(101, 3) = 0
+  IAVControl::RestartVideoDecoder() = 1
+  TVServiceAPI::Destroy(IAVControl)
+  $ printf '[result]\nTVServiceAPI::CreateAVControl=-1\n' >scenario
+  $ echo 6 | DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT TVS_SCENARIO=scenario DebugUtil | grep :
+  TVS HT Debug: unknown exception
+  cmd> executing: TVS HT Debug
+
+The reader goes, the console goes on.
+
+  $ { sleep 0.2; echo 5 6 0 0 99 99; } | TVS_TRACE=trace DebugUtil | head -c 1 >/dev/null; echo ${PIPESTATUS[1]}; cat trace
+  console: text was lost: Broken pipe
+  0
+  TVServiceAPI::CreateSourceControl(1, 0) = 0
+  ISourceControl::SetSource(0, "") = 1
+  TVServiceAPI::Destroy(ISourceControl)
+
+Descriptors that are closed: no socket of the platform is taken for the console.
+
+  $ DebugUtil <&- | grep -o cmd
+  cmd
+  $ echo 1 99 99 | DebugUtil >&-
+  $ echo 1 99 99 | DebugUtil 2>&- | grep -oE 'executing.*|Failed.*'
+  executing: TVS
+  executing: Exit
+
+A signal that was ignored stays so.
+
+  $ mkfifo in
+  $ (trap '' INT HUP; DebugUtil <in >out & exec 3>in; until grep -q cmd out; do sleep 0.01; done; kill -INT $!; kill -HUP $!; echo 99 >&3; wait $!)
+
+A file that is full and then has room, a trace that is full, an input that does not wait.
+
+  $ exec 3<>in
+  $ (ulimit -f 4; exec DebugUtil <&3 >>out 2>err) & printf '2 %.0s' {1..13} >&3; until grep -q . err; do sleep 0.01; done; : >out; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' out
+  console: text was lost: File too large
+  1
+  $ for i in 1 2 3 4; do echo 5 7 0 7 1 15 99; done >words; (ulimit -f 1; TVS_TRACE=torn DebugUtil <words 2>&1 >/dev/null); tail -c 1 torn | wc -l; tail -n 1 torn
+  trace torn: File too large
+  1
+  TVServiceAPI::CreatePipelineUtility(1, 0) = 0
+  $ mix() { perl -MFcntl -e 'fcntl(STDIN, F_SETFL, O_NONBLOCK)' <&3; }
+  $ mix; DebugUtil <&3 >out & until grep -q Exit out; do sleep 0.01; done; mix; echo 2 >&3; until grep -q Player out; do sleep 0.01; done; sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 out
+  cmd> executing: Exit
