@@ -1,8 +1,10 @@
 // Linked into a second build of the tool: each word that is read is told on standard output at the moment it is read,
 // so that what is typed, printed and called stands in one stream, in the order in which it happened. A wait stands in it,
-// too, as the C library is asked for it.
+// too, as the C library is asked for it, and the end of the event loop.
 #include "support/WordByWord.h"
 
+#include <dlfcn.h>
+#include <glib.h>
 #include <iostream>
 #include <time.h>
 
@@ -18,4 +20,10 @@ extern "C" int nanosleep(const timespec* time, timespec* left)
 {
     std::cout << "«" << time->tv_sec << " s " << time->tv_nsec << " ns»\n" << std::flush;
     return clock_nanosleep(CLOCK_REALTIME, 0, time, left);
+}
+
+extern "C" void g_main_loop_run(GMainLoop* loop)
+{
+    reinterpret_cast<decltype(&g_main_loop_run)>(dlsym(RTLD_NEXT, "g_main_loop_run"))(loop);
+    std::cout << "«the event loop has ended»\n" << std::flush;
 }
