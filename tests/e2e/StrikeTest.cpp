@@ -81,11 +81,11 @@ TEST_P(StrikeAtAnyMoment, LeavesNothingBehind)
         const int strike = kStrikes[random() % 3];
         kill(tool.Pid(), strike);
         const Outcome outcome = tool.Finish();
-        const std::string& calls = outcome.trace;
         EXPECT_TRUE(outcome.status == -strike) << outcome.status;
         EXPECT_TRUE(IsBalanced(outcome));
-        EXPECT_LE(calls.rfind("CreateSignalSubscriber") + 1, calls.rfind("DestroySignalSubscriber") + 1) << calls;
-        EXPECT_LE(calls.rfind("\"Start\"") + 1, calls.rfind("\"Stop\"") + 1) << calls;
+        EXPECT_LE(outcome.trace.rfind("CreateSignalSubscriber") + 1, outcome.trace.rfind("DestroySignalSubscriber") + 1)
+            << outcome.trace;
+        EXPECT_LE(outcome.trace.rfind("\"Start\"") + 1, outcome.trace.rfind("\"Stop\"") + 1) << outcome.trace;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "support/Trees.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 
 namespace
 {
@@ -53,6 +54,9 @@ TEST(Tree, TakesNothingBehindAFailure)
         writer.PushValue(2, 4, &number);
         EXPECT_EQ((writer.Extract() ? "written " : "failed ") + Show(branch), expected);
     }
+    TCTreeBranch bytes = Branch(std::istringstream("0:'abc'")); // of another length than the place for them
+    TCTreeToClassFormatter reader(bytes);
+    EXPECT_FALSE((reader.PushLengthArray(0, 2, &number, nullptr), reader.FillOut()));
 }
 
 } // namespace
