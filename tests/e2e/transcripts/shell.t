@@ -60,13 +60,14 @@ Descriptors that are closed: no socket of the platform is taken for the console.
 
 A signal that was ignored stays so.
 
+  $ says() { for i in {1..1000}; do grep -qs "$2" $1 && return; sleep 0.01; done; echo "$1 does not say $2"; }
   $ mkfifo in
-  $ (trap '' INT HUP; DebugUtil <in >out & exec 3>in; until grep -q cmd out; do sleep 0.01; done; kill -INT $!; kill -HUP $!; echo 99 >&3; wait $!)
+  $ (trap '' INT HUP; DebugUtil <in >out & exec 3>in; says out cmd; kill -INT $!; kill -HUP $!; echo 99 >&3; wait $!)
 
 A file that is full and then has room, a trace that is full, an input that does not wait.
 
   $ exec 3<>in
-  $ (ulimit -f 4; exec DebugUtil <&3 >>out 2>err) & printf '2 %.0s' {1..13} >&3; until grep -q . err; do sleep 0.01; done; : >out; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' out
+  $ (ulimit -f 4; exec DebugUtil <&3 >>out 2>err) & printf '2 %.0s' {1..13} >&3; says err .; : >out; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' out
   console: text was lost: File too large
   1
   $ for i in 1 2 3 4; do echo 5 7 0 7 1 15 99; done >words; (ulimit -f 1; TVS_TRACE=torn DebugUtil <words 2>&1 >/dev/null); tail -c 1 torn | wc -l; tail -n 1 torn
@@ -74,5 +75,5 @@ A file that is full and then has room, a trace that is full, an input that does 
   1
   TVServiceAPI::CreatePipelineUtility(1, 0) = 0
   $ mix() { perl -MFcntl -e 'fcntl(STDIN, F_SETFL, O_NONBLOCK)' <&3; }
-  $ mix; DebugUtil <&3 >out & until grep -q Exit out; do sleep 0.01; done; mix; echo 2 >&3; until grep -q Player out; do sleep 0.01; done; sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 out
+  $ mix; DebugUtil <&3 >out & says out Exit; mix; echo 2 >&3; says out Player; sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 out
   cmd> executing: Exit
