@@ -77,3 +77,9 @@ A file that is full and then has room, a trace that is full, an input that does 
   $ mix() { perl -MFcntl -e 'fcntl(STDIN, F_SETFL, O_NONBLOCK)' <&3; }
   $ mix; DebugUtil <&3 >out & says out Exit; mix; echo 2 >&3; says out Player; sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 out
   cmd> executing: Exit
+
+Standard error that is full and then has room.
+
+  $ printf '[throw]\nIPipelineUtility::GetPIDSetStatus#1=%01100d\nIPipelineUtility::GetPIDSetStatus#2=short\n' 0 >scenario
+  $ (ulimit -f 1; TVS_SCENARIO=scenario exec DebugUtil <&3 >/dev/null 2>>err2) & echo 5 15 >&3; says err2 000; : >err2; echo 5 15 99 >&3; wait $!; cat err2
+  TVS Debug: short
