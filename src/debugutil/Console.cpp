@@ -37,12 +37,6 @@ bool MakeInputWait()
     return (flags & O_NONBLOCK) != 0 && fcntl(STDIN_FILENO, F_SETFL, flags & ~O_NONBLOCK) == 0;
 }
 
-void ContinueInput()
-{
-    std::cin.clear();
-    std::clearerr(stdin);
-}
-
 // A plug-in that was given a word for a number leaves the stream failed; that is not the end of the input.
 void PrepareInput()
 {
@@ -80,10 +74,10 @@ bool ReadWord(std::string& word)
     while (!(std::cin >> std::setw(kLongestWord) >> word)) {
         if (!MakeInputWait())
             return false;
-        ContinueInput();
+        std::cin.clear();
     }
     while (std::cin.eof() && MakeInputWait()) { // in the middle of the word
-        ContinueInput();
+        std::cin.clear();
         std::string rest;
         if (std::isspace(std::cin.peek()) == 0 && std::cin >> rest)
             word += rest;

@@ -2,6 +2,9 @@
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugMenuTPMSCommon.h"
 
+#include <cstddef>
+#include <iterator>
+
 namespace
 {
 
@@ -65,8 +68,8 @@ const TCMenu<IServiceNavigation&> kDTVModeMenu = {
 ESource SourceOfHDMIInput(int number)
 {
     constexpr int sources[] = {SOURCE_HDMI1, SOURCE_HDMI2, SOURCE_HDMI3, SOURCE_HDMI4, 38, 39, 46, 47};
-    const bool known = number >= 1 && number <= 8;
-    return static_cast<ESource>(sources[known ? number - 1 : 0]);
+    const auto index = static_cast<std::size_t>(number) - 1;
+    return static_cast<ESource>(sources[index < std::size(sources) ? index : 0]);
 }
 
 } // namespace

@@ -31,7 +31,7 @@ const TCMenu<IPipelineUtility&, const std::string&> kPreparationMenu = {
          }},
         {4, " 4. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SERVICE \n",
          [](IPipelineUtility& utility, const std::string&) { CheckPending(utility, STATE_CHANGE_SERVICE); }},
-        {0, " ========================================================================= \n", nullptr},
+        {" ========================================================================= \n"},
         {5, " 5. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SOURCE \n",
          [](IPipelineUtility& utility, const std::string& application) {
              utility.RegisterForStateChange(STATE_CHANGE_SOURCE, application, 0);
@@ -98,14 +98,14 @@ const TCMenu<TCDebugMenuTPMS::TCMechanismTest&>& TCDebugMenuTPMS::TCMechanismTes
              [](TCMechanismTest& test) { test.Notify(test.m_app1, "NotifyReceiverState (App1)"); }},
             {3, " 3. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App1)\n",
              [](TCMechanismTest& test) { test.Unregister(test.m_app1, "UnregisterFromStateChange (App1)"); }},
-            {0, frame.thick, nullptr},
+            {frame.thick},
             {4, " 4. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App2)\n",
              [](TCMechanismTest& test) { test.Register(test.m_app2, "RegisterForStateChange (App2)"); }},
             {5, " 5. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App2)\n",
              [](TCMechanismTest& test) { test.Notify(test.m_app2, "NotifyReceiverState (App2)"); }},
             {6, " 6. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App2)\n",
              [](TCMechanismTest& test) { test.Unregister(test.m_app2, "UnregisterFromStateChange (App2)"); }},
-            {0, frame.thick, nullptr},
+            {frame.thick},
             {7, " 7. call [Main Handle] CheckPendingState(STATE_CHANGE_SERVICE) \n", &TCMechanismTest::ReportPending},
         },
     };

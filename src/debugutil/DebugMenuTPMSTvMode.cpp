@@ -9,7 +9,7 @@ const TCMenu<TCDebugMenuTPMS&, unsigned short>& TCDebugMenuTPMS::m_Menu_Test14_S
         {tpms::Frame().thick, tpms::Frame().thin, /*thinUnderTitle=*/false},
         "\t[Test14 List - SetTvMode with ServiceId Test]\t\n",
         {
-            {0, " RF case:    \n", nullptr},
+            {" RF case:    \n"},
             {1, " 1.  SetTvMode(Air, ch) \n",
              [](TCDebugMenuTPMS& menu, unsigned short major) {
                  menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/false);
@@ -22,7 +22,7 @@ const TCMenu<TCDebugMenuTPMS&, unsigned short>& TCDebugMenuTPMS::m_Menu_Test14_S
              [](TCDebugMenuTPMS& menu, unsigned short major) {
                  menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/false);
              }},
-            {0, " VC case:    \n", nullptr},
+            {" VC case:    \n"},
             {4, " 4.  SetTvMode(Air, ch) \n",
              [](TCDebugMenuTPMS& menu, unsigned short major) {
                  menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/true);

@@ -12,7 +12,7 @@
 
 // Made in this order, after the standard streams; the proxy connects as it is made.
 bool TCDebugUtil::m_isDebugUtilMenu = true;
-bool TCDebugUtil::m_exitDebugMenu = false;
+bool TCDebugUtil::m_exitDebugMenu;
 std::string TCDebugUtil::m_response;
 TCDebugPrintControlProxy TCDebugUtil::tvsDebug("com.kavrin.IDebugPrintControl");
 const std::vector<TSMenuOption> TCDebugUtil::m_debugUtilMenu = {

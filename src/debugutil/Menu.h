@@ -19,7 +19,13 @@ struct TSMenuFrame {
 
 /// One line of a menu; a line that runs nothing only divides or heads others.
 template <class... Arguments> struct TSMenuRow {
-    int number;
+    TSMenuRow(std::string text) : line(std::move(text)) {} // NOLINT(google-explicit-constructor): a row of a table
+    TSMenuRow(int newNumber, std::string text, std::function<void(Arguments...)> action)
+        : number(newNumber), line(std::move(text)), run(std::move(action))
+    {
+    }
+
+    int number = 0;
     std::string line; ///< with its line end
     std::function<void(Arguments...)> run;
 };

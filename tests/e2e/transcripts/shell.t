@@ -27,10 +27,11 @@ One without the entry.
 
 A plug-in of somebody else's calls the platform and shares the console; what it throws is no exception of the library.
 
-  $ echo 6 x | DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT TVS_TRACE=trace DebugUtil | grep -E ':|cmd'; cat trace
+  $ echo 6 x 2 | DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT TVS_TRACE=trace DebugUtil | grep -E ':|cmd|  ='; cat trace
   cmd> executing: TVS HT Debug
   RestartVideoDecoder: 1
   cmd> ====================================
+  cmd> executing: TV Player
   cmd> 
   TVServiceAPI::CreateAVControl(101, 3) = 0
   IAVControl::RestartVideoDecoder() = 1
