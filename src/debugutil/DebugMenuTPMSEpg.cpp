@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -21,15 +22,17 @@ TSTvMode CurrentMode() { return {ANTENNA_MODE_UNKNOWN, SERVICE_MODE_UNKNOWN}; }
 
 void ReportCall(const std::string& called, int result) { console::WriteLine(called + std::to_string(result)); }
 
-// Whether the service has a programme with a title; its length in 16-bit units then.
-bool ReadTitle(IServiceGuide& guide, unsigned long long serviceId, unsigned int& length)
+// The length, in 16-bit units, of the title of the service's programme; none without one.
+std::optional<unsigned int> ReadTitleLength(IServiceGuide& guide, unsigned long long serviceId)
 {
     TCProgramData program;
     if (guide.GetProgram(serviceId, program) <= 0)
-        return false;
+        return std::nullopt;
     unsigned short title[256] = {};
-    length = 255;
-    return program.Title(title, &length);
+    unsigned int length = 255;
+    if (!program.Title(title, &length))
+        return std::nullopt;
+    return length;
 }
 
 } // namespace
@@ -91,15 +94,15 @@ void TCDebugMenuTPMS::TCEpgTest::ListPrograms()
     m_navigation.FindServices(criteria, records.list, CurrentMode(), 0, 0);
     std::uint16_t withTitle = 0; // 16 bits on the set, too: it wraps
     for (const TCServiceData* record : records.list) {
-        unsigned int length = 0;
-        if (!ReadTitle(m_guide, tpms::ReadServiceIdTag(*record), length))
+        const auto length = ReadTitleLength(m_guide, tpms::ReadServiceIdTag(*record));
+        if (!length)
             continue;
         ++withTitle;
         const int frequency = tpms::ReadNumberTag(*record, tpms::kFrequency);
         const int major = tpms::ReadNumberTag(*record, tpms::kMajor);
         const int minor = tpms::ReadNumberTag(*record, tpms::kMinor);
         console::WriteLine("\tfreq:" + std::to_string(frequency) + " -> " + std::to_string(major) + "-" +
-                           std::to_string(minor) + ": title size: " + std::to_string(length));
+                           std::to_string(minor) + ": title size: " + std::to_string(*length));
     }
     console::WriteLine("\tno data in " + std::to_string(records.list.size() - withTitle) + " programs");
 }

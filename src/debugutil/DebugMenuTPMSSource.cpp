@@ -160,13 +160,12 @@ void TCDebugMenuTPMS::m_SetPreviewSource(bool withService)
             return;
         }
     }
-    int result = 0;
-    {
-        const auto control = tpms::CreateSourceControl(); // released before the report
-        if (!control)
-            return;
-        result = withService ? control->SetPreviewSource(source, serviceId, "") : control->SetPreviewSource(source, "");
-    }
+    auto control = tpms::CreateSourceControl();
+    if (!control)
+        return;
+    const int result =
+        withService ? control->SetPreviewSource(source, serviceId, "") : control->SetPreviewSource(source, "");
+    control = {}; // released before the report
     tpms::ReportResult("SetPreviewSource", result);
 }
 

@@ -52,13 +52,12 @@ void RunAction(const std::string& name, const std::function<void()>& action)
 std::string MenuText(const std::vector<TSMenuOption>& options)
 {
     std::string text = std::string(TCDebugMenuUtility::thickLine) + "DebugUtilMenu\n" + TCDebugMenuUtility::thinLine;
-    bool divided = false;
-    for (const TSMenuOption& option : options) {
-        if (option.id > kLastOptionAboveDivider && !divided) {
+    const auto firstBelow = std::find_if(
+        options.begin(), options.end(), [](const TSMenuOption& option) { return option.id > kLastOptionAboveDivider; });
+    for (auto option = options.begin(); option != options.end(); ++option) {
+        if (option == firstBelow)
             text += TCDebugMenuUtility::thinLine;
-            divided = true;
-        }
-        text += std::to_string(option.id) + " " + option.name + "\n";
+        text += std::to_string(option->id) + " " + option->name + "\n";
     }
     return text + TCDebugMenuUtility::thickLine;
 }

@@ -6,6 +6,7 @@
 #include "debugutil/Menu.h"
 
 #include <functional>
+#include <optional>
 
 namespace
 {
@@ -24,15 +25,11 @@ TCControl<ISourceControl> CreateSourceControl(EProfile profile, int screenId)
                          profile, screenId);
 }
 
-// Asks for the SubID and makes the source control of that screen.
-TCControl<ISourceControl> CreateSourceControlOfTypedSubId(std::int32_t& subId)
+// The SubID is the screen of the source control.
+std::optional<std::int32_t> AskSubId()
 {
     console::Write(std::string(kLongStars) + "*****Select SubID*****\n" + kLongStars);
-    const auto typed = console::AskNumber(kInputPrompt);
-    if (!typed)
-        return {};
-    subId = *typed;
-    return CreateSourceControl(PROFILE_MAIN, subId);
+    return console::AskNumber(kInputPrompt);
 }
 
 // What stands on the screen once the SubID is known, around further lines.
@@ -110,23 +107,27 @@ void UnsubscribeMonitor()
 
 void SetSource()
 {
-    std::int32_t subId = 0;
-    const auto control = CreateSourceControlOfTypedSubId(subId);
+    const auto subId = AskSubId();
+    if (!subId)
+        return;
+    const auto control = CreateSourceControl(PROFILE_MAIN, *subId);
     if (!control)
         return;
-    if (const auto source = AskSource(SubIdBlock(subId)))
+    if (const auto source = AskSource(SubIdBlock(*subId)))
         control->SetSource(*source, "");
 }
 
 void GetSource()
 {
-    std::int32_t subId = 0;
-    const auto control = CreateSourceControlOfTypedSubId(subId);
+    const auto subId = AskSubId();
+    if (!subId)
+        return;
+    const auto control = CreateSourceControl(PROFILE_MAIN, *subId);
     if (!control)
         return;
     ESource source = SOURCE_TV;
     control->GetSource(source);
-    console::Write(SubIdBlock(subId, "*****Source[" + std::to_string(source) + "]*****\n"));
+    console::Write(SubIdBlock(*subId, "*****Source[" + std::to_string(source) + "]*****\n"));
 }
 
 void SetAnalogCleanView()

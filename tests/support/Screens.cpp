@@ -1,6 +1,7 @@
 #include "support/Screens.h"
 
 #include <fstream>
+#include <map>
 
 namespace
 {
@@ -21,18 +22,11 @@ std::map<std::string, std::string> LoadMenus()
 
 } // namespace
 
-const std::map<std::string, std::string>& Menus()
-{
-    static const std::map<std::string, std::string> menus = LoadMenus();
-    return menus;
-}
-
 std::string FoldMenus(std::string text)
 {
-    for (const auto& [name, menu] : Menus())
+    static const std::map<std::string, std::string> menus = LoadMenus();
+    for (const auto& [name, menu] : menus)
         for (std::size_t at = 0; (at = text.find(menu, at)) != std::string::npos;)
             text.replace(at, menu.size(), name);
     return text;
 }
-
-const std::string kTopMenu = Menus().at("<top>\n") + "cmd> ";

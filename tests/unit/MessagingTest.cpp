@@ -82,6 +82,11 @@ TEST(Messaging, WaitsTenSecondsForASilentPeerAndThenOne)
 {
     auto proxy = Connect(""), withoutHello = Connect("unixexec:path=sleep,argv1=60");
     EXPECT_EQ(Connect("nonsense").Stop(), -1);
+    {
+        const SilentPeer silence;
+        Connect("unixexec:path=sleep,argv1=60");
+        EXPECT_EQ(silence.waits, "200000 "); // the first prompt waits no longer
+    }
     const auto bus = [&proxy] {
         EXPECT_EQ(proxy.Stop(), 1);
         return g_lastBus;
@@ -114,15 +119,22 @@ TEST(Messaging, EndsAFlood)
               "TV service on this process: a flood of messages that nobody asked for\n");
 }
 
-TEST(Messaging, SendsNothingThatHasNoWidth)
+TEST(Messaging, RefusesWhatDoesNotFit)
 {
-    TVServiceAPIConnection connection("", "/TV", true);
+    testing::internal::CaptureStderr();
+    setenv("TVS_BUS", "", 1);
+    TVServiceAPIConnection connection("", host::kServiceObjectPath, true);
     std::string interface = host::kDebugPrintInterface;
-    std::uint32_t number = 0;
-    TCMarshallingHelperProxy call;
-    call.PushValue(MARSHALLING_REQUEST, 3, &number);
-    EXPECT_FALSE(call.Run(&connection, interface, "SetQoSEnabled", 7, false));
-    EXPECT_FALSE(call.Run(nullptr, interface, "Stop", 2, false));
+    std::uint64_t number = 5;
+    TCMarshallingHelperProxy odd, wide;
+    odd.PushValue(MARSHALLING_REQUEST, 3, &number);
+    wide.PushValue(MARSHALLING_REPLY, 8, &number);
+    EXPECT_FALSE(odd.Run(&connection, interface, "SetQoSEnabled", 7, false));
+    EXPECT_FALSE(wide.Run(&connection, interface, "Stop", 2, false));
+    EXPECT_FALSE(wide.Run(nullptr, interface, "Stop", 2, false));
+    EXPECT_EQ(number, 5U);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "TV service on this process: a value cannot be sent\n"
+                                                      "TV service on this process: a reply of another form\n");
 }
 
 TEST(DebugPrintService, AnswersEveryMethod)

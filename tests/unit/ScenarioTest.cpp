@@ -1,5 +1,6 @@
-// Scenarios: every key with its default and bounds, and every refusal.
+// What the host reads: words as numbers, and scenarios, every key with its default and bounds, and every refusal.
 #include "host/call/Scenario.h"
+#include "debugmenu/DebugMenuUtility.h"
 #include "host/call/Text.h"
 #include "support/Process.h"
 
@@ -57,6 +58,16 @@ std::string Parsed(const std::string& text)
     } catch (const std::runtime_error& error) {
         return error.what();
     }
+}
+
+TEST(Host, DrawsLinesAndKnowsNumbers)
+{
+    EXPECT_EQ(TCDebugMenuUtility::thickLine, std::string(36, '=') + '\n');
+    EXPECT_EQ(TCDebugMenuUtility::thinLine, std::string(36, '-') + '\n');
+    for (const char* number : {"0", "9", "+5", "-7", "007", "99999999999999999999999"})
+        EXPECT_TRUE(TCDebugMenuUtility::IsNumber(number)) << number;
+    for (const char* word : {"", "+", "-", "+-1", "1-", " 1", "1 ", "1.5", "0x1F", "a", "1/", "1:", "\xB2"})
+        EXPECT_FALSE(TCDebugMenuUtility::IsNumber(word)) << word;
 }
 
 // Each line of the file: the text of a scenario, escaped as in C, and what comes of it; DEBUGUTIL_RECORD writes it anew.

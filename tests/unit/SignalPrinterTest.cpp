@@ -120,14 +120,13 @@ TEST(SignalPrinters, OfTheTPMSMenuReadTheData)
     TCDebugMenuTPMS menu;
     std::string expected;
     const auto raise = [&] {
-        ISignalSubscriber* subscriber = *reinterpret_cast<ISignalSubscriber**>(&menu); // its one member
         for (const auto& [pipeline, bytes, pipelineText, started, completed, success] : kSignals) {
             TSSignalData data = {};
             data.bytes[8] = 0xFF; // belongs to no field
             for (int i = 0; i < 8; ++i)
                 data.bytes[i] = static_cast<unsigned char>(bytes >> (8 * i));
             for (const int type : {81, 193, 194, 195, 59}) { // the last one is not printed
-                subscriber->AddSignal(static_cast<ESignalType>(type), 0, 0, 0, 0);
+                menu.m_signalSubscriber->AddSignal(static_cast<ESignalType>(type), 0, 0, 0, 0);
                 Raise(type, pipeline, data);
             }
             const std::string text = std::string(" -> profile:") + pipelineText;

@@ -16,3 +16,59 @@ Without a bus.
   $ TVS_BUS=nowhere: tvserviced
   tvserviced: nowhere:: Connection refused
   [1]
+
+The remote menu is the same on every road to the service.
+
+  $ says() { for i in {1..1000}; do [ "$(grep -cs "$2" $1)" -ge ${3-1} ] && return; sleep 0.01; done 2>/dev/null; echo "$1 does not say $2"; }
+  $ bus=unix:path=$PWD/bus
+  $ start_bus() { dbus-daemon --nofork --nopidfile --print-address --address=$bus ${1---session} >bus.out 2>/dev/null & daemon=$!; disown; says bus.out unix; }
+  $ start_service() { TVS_BUS=$bus tvserviced >service.out 2>&1 & service=$!; disown; says service.out serving; }
+  $ start_bus; start_service
+  $ walk() { printf '1\n3\n03\n99\n1\n' | TVS_TRACE=- DebugUtil 2>&1; }
+  $ walk >embedded; grep Run embedded | sed 's/.*Control//'
+  ", "Start", 0) = true
+  ", "Execute", 1) = true
+  ", "Execute", 1) = true
+  ", "Execute", 1) = true
+  ", "Stop", 2) = true
+  ", "Start", 0) = true
+  ", "Stop", 2) = true
+  $ TVS_BUS=$bus walk | diff embedded -
+  $ TVS_BUS=session DBUS_SESSION_BUS_ADDRESS=$bus walk | diff embedded -
+  $ TVS_BUS=system DBUS_SYSTEM_BUS_ADDRESS=$bus walk | diff embedded -
+
+It comes back with the service and the bus. The tool is on the bus while it waits at its first prompt.
+
+  $ end() { kill -9 $1; while kill -0 $1 2>/dev/null; do sleep 0.01; done; }
+  $ lose() { echo 1 >&3; says out tvs $2; end $1; echo 3 1 >&3; says out 'Failed to start TVS debug print control' $2; }
+  $ mkfifo in; exec 3<>in
+  $ TVS_BUS=$bus TVS_TRACE=trace DebugUtil <&3 >out 2>err & tool=$!; says out cmd; busctl --address=$bus list --no-legend | grep -c " $tool "
+  1
+  $ lose $service 1; start_service; lose $daemon 2; start_bus; start_service; echo 1 99 99 >&3; wait $tool; end $service; end $daemon; rm -f bus
+  $ sed 's/.*Control//' trace
+  ", "Start", 0) = true
+  ", "Execute", 1) = false
+  ", "Stop", 2) = false
+  ", "Start", 0) = false
+  ", "Start", 0) = true
+  ", "Execute", 1) = false
+  ", "Stop", 2) = false
+  ", "Start", 0) = false
+  ", "Start", 0) = true
+  ", "Execute", 1) = true
+  ", "Stop", 2) = true
+  $ sed "s,$bus,(bus)," err
+  TV service on (bus): The name com.kavrin.TVService was not provided by any .service files
+  TV service on (bus): The name com.kavrin.TVService was not provided by any .service files
+  TV service on (bus): The name com.kavrin.TVService was not provided by any .service files
+  TV service on (bus): Connection refused
+  TV service on (bus): Connection refused
+  TV service on (bus): Connection refused
+
+A bus that is not there, and one that lets nobody call.
+
+  $ echo 1 99 | TVS_BUS=unix:path=/nowhere DebugUtil 2>&1 >/dev/null
+  TV service on unix:path=/nowhere: No such file or directory
+  $ echo "<busconfig><listen>$bus</listen><policy context='default'><allow own='*'/><allow send_destination='org.freedesktop.DBus'/><allow receive_sender='org.freedesktop.DBus'/></policy></busconfig>" >conf
+  $ start_bus --config-file=conf; start_service; echo 1 99 | TVS_BUS=$bus DebugUtil 2>&1 >/dev/null | grep -o ': Rejected send message'; end $service; end $daemon
+  : Rejected send message

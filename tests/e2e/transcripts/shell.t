@@ -65,6 +65,17 @@ A signal that was ignored stays so.
   $ mkfifo in
   $ (trap '' INT HUP; DebugUtil <in >out & exec 3>in; says out cmd; kill -INT $!; kill -HUP $!; echo 99 >&3; wait $!)
 
+One that strikes withdraws the simulated application.
+
+  $ TVS_TRACE=struck DebugUtil <in >out & exec 3>in; echo 6 17 1 >&3; says out ret=1; kill $!; wait $! 2>/dev/null; echo $?; tail -n 6 struck
+  143
+  IPipelineUtility::RegisterForStateChange(0, "org.ostrel.sigtunepreptest1", 0) = 1
+  IPipelineUtility::CheckPendingState(0) = 1 true
+  IPipelineUtility::UnregisterFromStateChange(0, "org.ostrel.sigtunepreptest1") = 1
+  IPipelineUtility::UnregisterFromStateChange(0, "org.ostrel.sigtunepreptest2") = 0
+  TVServiceAPI::Destroy(IPipelineUtility)
+  TVServiceAPI::DestroySignalSubscriber()
+
 A file that is full and then has room, a trace that is full, an input that does not wait.
 
   $ exec 3<>in

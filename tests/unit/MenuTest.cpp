@@ -1,0 +1,44 @@
+// What tests of the TPMS menu give back, which none of its rows takes, and the longest list.
+#include "debugutil/DebugMenuTPMS.h"
+#include "support/Television.h"
+
+#include <gmock/gmock.h>
+
+namespace
+{
+
+TEST(TPMSTests, TellWhetherTheyRan)
+{
+    constexpr auto epg = &TCDebugMenuTPMS::m_EpgDataFeeding, invalid = &TCDebugMenuTPMS::m_InvalidServiceTest,
+                   bootup = &TCDebugMenuTPMS::m_SetBootupService;
+    const std::tuple<decltype(epg), const char*, const char*, bool> cases[] = {
+        {epg, "CreateServiceGuide=0 object", "99", true},
+        {epg, "CreateScanControl=1", "99", false},
+        {epg, "CreateServiceGuide=1", "99", false},
+        {epg, "CreateServiceNavigation=1", "99", false},
+        {invalid, "CreateServiceGuide=1", "99", true},
+        {invalid, "CreateServiceNavigation=1", "99", false},
+        {invalid, "CreateSourceControl=1", "99", false},
+        {bootup, "CreateServiceGuide=1", "2", true},
+        {bootup, "CreateServiceNavigation=1", "2", false},
+        {bootup, "CreateServiceGuide=1", "x", false},
+        {bootup, "CreateServiceGuide=1\nIServiceNavigation::SetBootupService=0", "2", false},
+    };
+    for (const auto& [test, fault, words, expected] : cases) {
+        Television television(host::ParseScenario("(test)", std::string("[result]\nTVServiceAPI::") + fault));
+        television.Type(words);
+        EXPECT_EQ((TCDebugMenuTPMS().*test)(), expected) << fault;
+    }
+}
+
+TEST(TPMSTests, CountTitlesIn16Bits)
+{
+    host::Scenario scenario = host::ParseScenario("(test)", "[service]\n4=1\n12=1\n13=2\n14=3\ntitle=x\n");
+    scenario.services.resize(65'537, scenario.services[0]);
+    Television television(scenario);
+    television.Type("1 99");
+    TCDebugMenuTPMS().m_EpgDataFeeding();
+    EXPECT_THAT(television.TakeRecord(), testing::HasSubstr("\tno data in 65536 programs\n"));
+}
+
+} // namespace
