@@ -142,6 +142,12 @@ TEST(DebugPrintService, AnswersEveryMethod)
     host::EmbeddedService service;
     const host::Bus client = service.Connect();
     ExpectTalk("service.talk", [&](const std::string& said) { return FoldMenus(Ask(client, said)); });
+    const auto setName = [&client](unsigned size) {
+        const std::string name = "[0:u" + std::to_string(size) + " 1:'" + std::string(size, 'n') + "']";
+        return Ask(client, "SetMenuItems 5 0:[-1:[0:" + name + " 1:y0 2:u1]]");
+    };
+    EXPECT_EQ(setName(16 << 20), "0:u1");
+    EXPECT_EQ(setName((16 << 20) + 1), "the names are too long for an answer");
     std::string tooMany;
     for (int i = 0; i <= 100'000; ++i)
         tooMany += " 0:y1";

@@ -48,7 +48,7 @@ protected:
         "(test)", "[tv]\nantenna_mode=1\nservice_mode=2\n"
                   "[service a]\n1=2\n12=4096\n13=5\n25=0\ntitle=Sp\xC3\xA4t\n[service b]\n12=4096\n13=6\n"
                   "[service c]\n1=9\n12=\n13=-5\ntitle=x\n[service d]\n12=18446744073709551615\n13=5\ntitle=\n"
-                  "[result]\nTVServiceAPI::DestroySignalSubscriber=7\n")};
+                  "[result]\nTVServiceAPI::DestroySignalSubscriber=7\n[signal]\n61=ff 02\n")};
     const Controls main{PROFILE_MAIN, 0}, pip{PROFILE_PIP, -1};
 };
 

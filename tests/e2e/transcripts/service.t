@@ -8,7 +8,14 @@ The TV service on a bus: tools see its methods, nobody takes its name, and it sa
   tvserviced: the bus has ended
   1
 
-Without a bus.
+It says what it does. Without a bus it does nothing.
+
+  $ tvserviced --help
+  Usage: TVS_BUS=BUS tvserviced
+  Serves the TV service's debug menu, com.kavrin.TVService, until the bus ends.
+  BUS is session, system or a D-Bus address.
+    --help     says this
+    --version  says the version
 
   $ tvserviced
   tvserviced: TVS_BUS is not set: give session, system or a D-Bus address
