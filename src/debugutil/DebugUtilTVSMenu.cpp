@@ -70,8 +70,8 @@ void SizeControl()
     const auto y = console::AskNumber("Y: > ");
     const auto width = console::AskNumber("W: > ");
     const auto height = console::AskNumber("H: > ");
-    if (!x || !y || !width || !height)
-        return;
+    if (!height)
+        return; // the input has ended, at this question or before
     if (const auto video = CreateControl("[DebugUtil] TVServiceAPI::CreateVideoControl fail",
                                          TVServiceAPI::CreateVideoControl, handle.profile, handle.screenId))
         video->SetVideoSize(*x, *y, *height, *width);

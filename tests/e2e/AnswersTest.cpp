@@ -1,12 +1,12 @@
 // The menus beside their recorded sessions: odd words, operations that refuse, objects that are not made.
 // DEBUGUTIL_RECORD=1 writes the table anew.
+#include "support/Match.h"
 #include "support/Recording.h"
 #include "support/Tool.h"
 
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <regex>
 #include <sstream>
 
 namespace
@@ -18,10 +18,10 @@ const std::string kEnd = "‹end of input›\n";
 std::string SaidAfter(const std::string& words, const std::string& scenario)
 {
     const std::string told = Tell(words, scenario);
-    EXPECT_TRUE(std::regex_search(told, std::regex("<top>\ncmd> (" + kEnd + ")?$"))) << words << "\n" << told;
+    EXPECT_TRUE(!Matches(told, "<top>\ncmd> (" + kEnd + ")?$").empty()) << words << "\n" << told;
     const std::size_t end = told.find(kEnd);
     const std::size_t word = told.rfind("›\n", end);
-    return std::regex_replace(told.substr(word + 4, end - word - 4), std::regex("\n"), "⏎");
+    return Replaced(told.substr(word + 4, end - word - 4), "\n", "⏎");
 }
 
 TEST(Answers, AreThoseOfTheTable)
@@ -30,16 +30,15 @@ TEST(Answers, AreThoseOfTheTable)
     std::istringstream lines(table);
     std::string played, scenario, section;
     for (std::string line; std::getline(lines, line) && !HasFailure(); played += line + "\n") {
-        static const std::regex row(R"(([-+\w ]+?)(?: \|( \S+=[^|]*?)? \| .*| \|( \S+=.*))?)");
-        std::smatch match;
+        const char* const row = R"(^([-+\w ]+?)(?: \|( \S+=[^|]*?)? \| .*| \|( \S+=.*))?$)";
         if (line.rfind("---", 0) == 0) {
             section = line;
         } else if (section == "--- scenario") {
             scenario += line + "\n";
         } else if (!section.empty()) {
-            EXPECT_TRUE(std::regex_match(line, match, row)) << line;
-            const std::string fault = match.str(2) + match.str(3);
-            line = match.str(1) + " |" + fault + " | " + SaidAfter(match[1], scenario + "[result]\n" + fault);
+            const auto match = Matches(line, row).at(0);
+            const std::string fault = match.at(2) + match.at(3);
+            line = match[1] + " |" + fault + " | " + SaidAfter(match[1], scenario + "[result]\n" + fault);
         }
     }
     if (std::getenv("DEBUGUTIL_RECORD") != nullptr && !HasFailure())

@@ -1,16 +1,16 @@
 #include "support/Outcome.h"
 
+#include "support/Match.h"
+
 #include <algorithm>
 #include <map>
-#include <regex>
 
 testing::AssertionResult IsBalanced(const Outcome& outcome)
 {
-    static const std::regex call(R"(TVServiceAPI::(?:Create(?!SignalSubscriber)(\w+)\(.*\) = 0|Destroy\(I(\w+)\)))");
-    const std::string& trace = outcome.trace;
+    const char* const call = R"(TVServiceAPI::(?:Create(?!SignalSubscriber)(\w+)\(.*\) = 0|Destroy\(I(\w+)\)))";
     std::map<std::string, int> alive;
-    for (std::sregex_iterator found(trace.begin(), trace.end(), call), end; found != end; ++found)
-        (*found)[1].matched ? ++alive[found->str(1)] : --alive[found->str(2)];
+    for (const auto& found : Matches(outcome.trace, call))
+        found[1].empty() ? --alive[found[2]] : ++alive[found[1]];
     const bool balanced = std::all_of(alive.begin(), alive.end(), [](const auto& kind) { return kind.second == 0; });
-    return balanced ? testing::AssertionSuccess() : testing::AssertionFailure() << trace;
+    return balanced ? testing::AssertionSuccess() : testing::AssertionFailure() << outcome.trace;
 }

@@ -1,12 +1,12 @@
 #include "support/Recording.h"
 
+#include "support/Match.h"
 #include "support/Screens.h"
 #include "support/Tool.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 
 namespace
@@ -67,10 +67,7 @@ std::string Tell(const std::string& input, const std::string& scenario)
 
 std::string Play(const std::string& input, const std::string& scenario) { return Run(TOOL_PATH, input, scenario); }
 
-std::string WithoutWords(const std::string& told)
-{
-    return std::regex_replace(told, std::regex("(‹[^\n]*›|«[^\n]*»)\n"), "");
-}
+std::string WithoutWords(const std::string& told) { return Replaced(told, "(‹.*›|«.*»)\n"); }
 
 testing::AssertionResult IsSame(const std::string& seen, const std::string& expected)
 {

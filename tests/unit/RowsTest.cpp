@@ -1,11 +1,11 @@
 // Every row of every menu: the input ends behind every word, and every operation has every fault.
+#include "support/Match.h"
 #include "support/Process.h"
 #include "support/Screens.h"
 #include "support/Session.h"
 #include "support/WordByWord.h"
 
 #include <gtest/gtest.h>
-#include <regex>
 #include <sstream>
 #include <vector>
 
@@ -35,23 +35,21 @@ struct Rows : testing::Test {
 // The session without its signals, which come when they like.
 std::string Play(const std::string& words)
 {
-    static const std::regex signal("\tSIGNAL_[^\n]*\n");
     const Session session = PlaySession(Tv(), words);
     EXPECT_EQ(session.wrong, "") << words;
-    return std::regex_replace(session.record, signal, "");
+    return Replaced(session.record, "\tSIGNAL_.*\n");
 }
 
 // What is printed and called from there on; menus stand as their names. Two menus ask once more before they are left.
 std::string From(const std::string& record, std::size_t begin)
 {
-    static const std::regex words("‹[^\n]*›\n|executing: Exit\n|(Off:0 / On:1 |major> )‹99›\n");
-    return FoldMenus(std::regex_replace(record.substr(begin), words, ""));
+    return FoldMenus(Replaced(record.substr(begin), "‹.*›\n|executing: Exit\n|(Off:0 / On:1 |major> )‹99›\n"));
 }
 
 TEST_F(Rows, AreLeftAtTheEndOfTheInput)
 {
-    const std::regex menu("(^|\n)(cmd| select num)> $"),
-        released(R"((TVServiceAPI::Destroy\(I\w+\)\n)*(<\w+>\ncmd> )?)");
+    const std::string menu = "(^|\n)(cmd| select num)> $",
+                      released = R"(^(TVServiceAPI::Destroy\(I\w+\)\n)*(<\w+>\ncmd> )?$)";
     while (Next()) {
         std::string left; // what is printed and called when the last menu is left by 99
         for (std::size_t end = 0; end != std::string::npos; end = row.find(' ', end + 1)) {
@@ -59,7 +57,7 @@ TEST_F(Rows, AreLeftAtTheEndOfTheInput)
             const std::string record = Play(words);
             const std::size_t ended = record.find(WordByWord::Told(""));
             const std::string before = record.substr(0, ended), behind = From(record, ended);
-            if (std::regex_search(before, menu)) {
+            if (!Matches(before, menu).empty()) {
                 left = From(Play(words + " 99 99 99 99"), ended);
                 EXPECT_EQ(behind, left) << words;
             } else if (before.rfind("tvs> ") == before.size() - 5) {
@@ -68,7 +66,7 @@ TEST_F(Rows, AreLeftAtTheEndOfTheInput)
                 // The answers that were not given are asked for no more, and nothing is sent.
                 const std::size_t more = std::max(behind.size(), left.size()) - left.size();
                 EXPECT_EQ(behind.substr(more), left) << words;
-                EXPECT_TRUE(std::regex_match(behind.substr(0, more), released)) << words << "\n" << behind;
+                EXPECT_EQ(Replaced(behind.substr(0, more), released), "") << words << "\n" << behind;
             }
         }
     }
@@ -86,11 +84,7 @@ std::vector<host::Fault> FaultsOf(host::Op operation)
 // Empty if each exception is told in a line, with nothing in between but what releases, and signals.
 std::string WrongExceptions(const std::string& record, host::Op operation)
 {
-    const auto count = [&record](const std::string& what) {
-        const std::regex one(what);
-        return std::distance(std::sregex_iterator(record.begin(), record.end(), one), std::sregex_iterator());
-    };
-    const auto thrown = count(kThrown), told = count(kTold);
+    const auto thrown = Matches(record, kThrown).size(), told = Matches(record, kTold).size();
     // What fails to be released while an exception is on its way is not told.
     if (operation == host::Op::TVServiceAPI_Destroy ? (told == 0 && thrown > 0) || told > thrown : told != thrown)
         return std::to_string(thrown) + " exceptions, told " + std::to_string(told);

@@ -2,6 +2,7 @@
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugUtil.h"
 #include "host/simulator/Signals.h"
+#include "support/Match.h"
 #include "support/Process.h"
 #include "support/Television.h"
 
@@ -12,7 +13,6 @@
 #include <glib.h>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <regex>
 #include <thread>
 
 namespace
@@ -73,11 +73,10 @@ public:
     // The signals, and where their menu was left.
     std::string Printed()
     {
-        static const std::regex line("(?:\tSIGNAL_|\\[DebugUtil\\] Signal|TVServiceAPI::DestroySignal).*\n");
-        const std::string record = m_television.TakeRecord();
         std::string printed;
-        for (std::sregex_iterator found(record.begin(), record.end(), line), end; found != end; ++found)
-            printed += found->str();
+        const char* const line = "(?:\tSIGNAL_|\\[DebugUtil\\] Signal|TVServiceAPI::DestroySignal).*\n";
+        for (const auto& found : Matches(m_television.TakeRecord(), line))
+            printed += found[0];
         return printed;
     }
 
@@ -131,8 +130,7 @@ TEST(SignalPrinters, OfTheTPMSMenuReadTheData)
             }
             const std::string text = std::string(" -> profile:") + pipelineText;
             expected += "\tSIGNAL_SI_STARTED" + text +
-                        std::regex_replace(started, std::regex(R"((.*)\|(.*)\|(.*))"),
-                                           "chType:$1, srvProfile:$2, chNumber:$3\n") +
+                        Replaced(started, R"((.+)\|(.+)\|(.+))", "chType:\\1, srvProfile:\\2, chNumber:\\3\n") +
                         "\tSIGNAL_TUNE_AROUND_SERVICE_DONE" + text + "serviceId: " + std::to_string(bytes) + "\n" +
                         "\tSIGNAL_TUNE_AROUND_FINISHED" + text + "completed: " + completed + "\n" +
                         "\tSIGNAL_BARKER_CHANNEL_TUNE" + text + "is success:" + success + "\n";
