@@ -85,6 +85,10 @@ const TSTvMode kCable(ANTENNA_MODE_CABLE, SERVICE_MODE_DTV);
 TEST_F(Simulator, TakesReleasesMessagesAndAssertions)
 {
     testing::internal::CaptureStderr();
+    IReferenceCount* counter = nullptr;
+    int count = 0;
+    Give(0, {TVServiceAPI::CreateReferenceCount(PROFILE_MAIN, -1, &counter)});
+    Give(1, {counter->GetReferenceCount(count), count}); // on no other pipeline
     TVServiceAPI::Destroy(pip.zoom);
     TVServiceAPI::Destroy(pip.zoom); // not there any more
     TCApiPrintMessage("tag %d has %s", 12, "do\ndata");

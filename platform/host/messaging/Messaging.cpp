@@ -100,7 +100,6 @@ public:
 private:
     void Open()
     {
-        m_bus.reset();
         m_bus = m_busSetting ? host::OpenServiceBus(*m_busSetting) : m_embedded.Connect();
         // Only answers are wanted: the rest is dropped as it comes.
         host::Checked(sd_bus_add_filter(

@@ -40,6 +40,11 @@ The trace is a file, standard error or nothing; it ends where it cannot be writt
   trace /dev/full: No space left on device
   TVS Debug: two lines
 
+A pipe that is read late gets all of it.
+
+  $ exec 4<>pipe; for i in {1..1000}; do echo 5 15 99; done | TVS_TRACE=pipe DebugUtil >/dev/null & sleep 0.3; timeout 30 head -n 3000 <&4 | tail -n 1
+  TVServiceAPI::Destroy(IPipelineUtility)
+
 The tool exports what plug-ins call, the libraries what their headers declare.
 
   $ nm -DC --defined-only --format=posix $TOOL | sed 's/ [A-Z] .*//' | sort -u
