@@ -1,21 +1,15 @@
 // The menus by recorded sessions: every command to the letter.
 #include "support/Recording.h"
 
-#include <cstdlib>
-
 namespace
 {
 
-class Recorded : public testing::TestWithParam<std::string>
-{
-};
+using Recorded = testing::TestWithParam<std::string>;
 
 TEST_P(Recorded, IsPlayedToTheLetter)
 {
     Recording recording = LoadRecording(GetParam());
     recording.record = Tell(recording.input, recording.scenario) + "\n";
-    if (std::getenv("DEBUGUTIL_RECORD") != nullptr)
-        Rewrite(recording);
     EXPECT_TRUE(IsAsRecorded(recording));
     EXPECT_TRUE(IsSame(Play(recording.input, recording.scenario) + "\n", WithoutWords(recording.record)));
 }

@@ -1,11 +1,14 @@
 // Ctrl-C, a dropped line and kill: the input ends, everything is left in order, and the process ends by the signal.
+#include "support/Match.h"
 #include "support/Tool.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <map>
 #include <random>
 #include <sys/syscall.h>
 #include <thread>
@@ -23,6 +26,17 @@ struct HeldInput {
     ~HeldInput() { close(end); }
     const int end;
 };
+
+// Every object that a factory made was released once. Signal subscribers are left out: the TV service keeps them.
+testing::AssertionResult IsBalanced(const Outcome& outcome)
+{
+    const char* const call = R"(TVServiceAPI::(?:Create(?!SignalSubscriber)(\w+)\(.*\) = 0|Destroy\(I(\w+)\)))";
+    std::map<std::string, int> alive;
+    for (const auto& found : Matches(outcome.trace, call))
+        found[1].empty() ? --alive[found[2]] : ++alive[found[1]];
+    const bool balanced = std::all_of(alive.begin(), alive.end(), [](const auto& kind) { return kind.second == 0; });
+    return balanced ? testing::AssertionSuccess() : testing::AssertionFailure() << outcome.trace;
+}
 
 constexpr int kStrikes[] = {SIGHUP, SIGINT, SIGTERM};
 const std::string kStop = "TCMarshallingHelperProxy::Run(\"com.kavrin.IDebugPrintControl\", \"Stop\", 2) = true";
@@ -64,9 +78,7 @@ TEST(Strike, EndsTheInputAtEveryKindOfPrompt)
     }
 }
 
-class StrikeAtAnyMoment : public testing::TestWithParam<unsigned>
-{
-};
+using StrikeAtAnyMoment = testing::TestWithParam<unsigned>;
 
 INSTANTIATE_TEST_SUITE_P(Seeds, StrikeAtAnyMoment, testing::Values(1U, 2U, 3U, 4U));
 

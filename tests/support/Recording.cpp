@@ -81,9 +81,14 @@ testing::AssertionResult IsSame(const std::string& seen, const std::string& expe
     return testing::AssertionFailure() << "\n" << diff.Text();
 }
 
-testing::AssertionResult IsAsRecorded(const Recording& recording)
+testing::AssertionResult IsAsRecorded(const std::string& path, const std::string& seen)
 {
-    return IsSame(FileText(recording), ReadFile(PathOf(recording)));
+    if (SettingOr("DEBUGUTIL_RECORD", 0) != 0)
+        std::ofstream(path) << seen;
+    return IsSame(seen, ReadFile(path));
 }
 
-void Rewrite(const Recording& recording) { std::ofstream(PathOf(recording)) << FileText(recording); }
+testing::AssertionResult IsAsRecorded(const Recording& recording)
+{
+    return IsAsRecorded(PathOf(recording), FileText(recording));
+}

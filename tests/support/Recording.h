@@ -31,8 +31,6 @@ std::string WithoutWords(const std::string& told);
 /// The texts are the same; if not, the message is what `diff` shows.
 testing::AssertionResult IsSame(const std::string& seen, const std::string& expected);
 
-/// The file of the session says the same.
+/// The file says the same. With DEBUGUTIL_RECORD=1 it is written anew, to be read.
+testing::AssertionResult IsAsRecorded(const std::string& path, const std::string& seen);
 testing::AssertionResult IsAsRecorded(const Recording& recording);
-
-/// Writes the file anew.
-void Rewrite(const Recording& recording);

@@ -18,10 +18,3 @@ Outcome Tool::Finish()
     const int status = End();
     return {status, Text(), ReadFile(Path("err")), ReadFile(Path("trace"))};
 }
-
-Outcome RunTool(const std::string& input, const std::string& scenario, const Environment& environment)
-{
-    Tool tool(scenario, environment);
-    tool.Type(input);
-    return tool.Finish();
-}

@@ -1,11 +1,18 @@
 // The real executable.
 #pragma once
 
-#include "support/Outcome.h"
 #include "support/Process.h"
 
 #include <string>
 #include <vector>
+
+/// What a run left behind.
+struct Outcome {
+    int status; ///< exit status, or minus the signal that ended it
+    std::string out;
+    std::string err;
+    std::string trace;
+};
 
 /// A running tool.
 class Tool : public Process
@@ -17,6 +24,3 @@ public:
     /// Ends the input, waits for the exit and collects all.
     Outcome Finish();
 };
-
-/// Types all of the input and ends it.
-Outcome RunTool(const std::string& input, const std::string& scenario = "", const Environment& environment = {});

@@ -3,9 +3,8 @@
 #include "debugmenu/DebugMenuUtility.h"
 #include "host/call/Text.h"
 #include "support/Process.h"
+#include "support/Recording.h"
 
-#include <cstdlib>
-#include <fstream>
 #include <glib.h>
 #include <gtest/gtest.h>
 #include <memory>
@@ -70,20 +69,18 @@ TEST(Host, DrawsLinesAndKnowsNumbers)
         EXPECT_FALSE(TCDebugMenuUtility::IsNumber(word)) << word;
 }
 
-// Each line of the file: the text of a scenario, escaped as in C, and what comes of it; DEBUGUTIL_RECORD writes it anew.
+// Each line of the file: the text of a scenario, escaped as in C, and what comes of it.
 TEST(Scenario, IsTakenOrRefusedToTheLetter)
 {
-    const std::string path = RECORD_PATH "/scenarios", expected = ReadFile(path);
-    std::istringstream cases(expected);
+    const std::string path = RECORD_PATH "/scenarios";
+    std::istringstream cases(ReadFile(path));
     std::string played;
     for (std::string line; std::getline(cases, line);) {
         line.resize(line.find(" => "));
         const std::unique_ptr<char, decltype(&g_free)> text(g_strcompress(line.c_str()), g_free);
         played += line + " => " + Parsed(text.get()) + "\n";
     }
-    if (std::getenv("DEBUGUTIL_RECORD") != nullptr)
-        std::ofstream(path) << played;
-    EXPECT_EQ(played, expected);
+    EXPECT_TRUE(IsAsRecorded(path, played));
 }
 
 } // namespace

@@ -1,12 +1,10 @@
 // The television that the host plays, recorded: results, outputs, what it remembers, what it raises, and its lines in
-// the trace. Each test has its record in a folder; DEBUGUTIL_RECORD writes it anew, to be read.
+// the trace. Each test has its record in a folder.
 #include "host/simulator/Signals.h"
-#include "support/Process.h"
+#include "support/Recording.h"
 #include "support/Television.h"
 #include "tvs-api-internal/Diagnostics.h"
 
-#include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <glib.h>
 #include <gtest/gtest.h>
@@ -38,10 +36,7 @@ protected:
     void TearDown() override
     {
         const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-        const std::string path = RECORD_PATH "/" + name, record = television.TakeRecord();
-        if (std::getenv("DEBUGUTIL_RECORD") != nullptr)
-            std::ofstream(path) << record;
-        EXPECT_EQ(record, ReadFile(path));
+        EXPECT_TRUE(IsAsRecorded(RECORD_PATH "/" + name, television.TakeRecord()));
     }
 
     Television television{host::ParseScenario(
