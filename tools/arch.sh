@@ -19,9 +19,8 @@ fetch_root() {
 }
 
 unpack_root() {
-    set -o pipefail
-    mmdebstrap --variant=extract --format=tar --architectures="$1" --include="$5" "$3" - "$4" |
-        tar -x -C "$2" --exclude=./dev --no-same-owner
+    mmdebstrap --variant=extract --format=tar --architectures="$1" --include="$5" "$3" "$2.tar" "$4" &&
+        tar -x -f "$2.tar" -C "$2" --exclude=./dev --no-same-owner && rm "$2.tar"
 }
 
 # check_arch ARCH: everything that the default suite takes, on that CPU.

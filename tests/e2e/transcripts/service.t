@@ -44,15 +44,15 @@ The remote menu is the same on every road to the service.
   $ TVS_BUS=session DBUS_SESSION_BUS_ADDRESS=$bus walk | diff embedded -
   $ TVS_BUS=system DBUS_SYSTEM_BUS_ADDRESS=$bus walk | diff embedded -
 
-It comes back with the service and the bus. The tool is on the bus while it waits at its first prompt, for which a machine
-that is busy may need several starts.
+It comes back with the service and the bus. The tool is on the bus beside the service and
+who lists them, while it waits at its first prompt; a machine that is busy may need several starts for that.
 
   $ end() { kill -9 $1; while kill -0 $1 2>/dev/null; do sleep 0.01; done; }
   $ lose() { echo 1 >&3; says out tvs $2; end $1; echo 3 1 >&3; says out 'Failed to start TVS debug print control' $2; }
   $ mkfifo in; exec 3<>in
   $ wait_at_prompt() { TVS_BUS=$bus TVS_TRACE=trace DebugUtil <&3 >out 2>err & tool=$!; says out cmd; }
-  $ for i in {1..20}; do wait_at_prompt; busctl --address=$bus list --no-legend | grep -c " $tool " && break; echo 99 >&3; wait $tool; done >seen; tail -n 1 seen
-  1
+  $ for i in {1..20}; do wait_at_prompt; busctl --address=$bus list --no-legend | grep -c ^: >seen; grep -q 3 seen && break; echo 99 >&3; wait $tool; done; cat seen
+  3
   $ lose $service 1; start_service; lose $daemon 2; start_bus; start_service; echo 1 99 99 >&3; wait $tool; end $service; end $daemon; rm -f bus
   $ sed 's/.*Control//' trace
   ", "Start", 0) = true
