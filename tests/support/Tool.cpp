@@ -16,5 +16,5 @@ Tool::Tool(const std::string& scenario, Environment environment, const std::vect
 Outcome Tool::Finish()
 {
     const int status = End();
-    return {status, Text(), ReadFile(Path("err")), ReadFile(Path("trace"))};
+    return {status, ReadFile(Path("err")), ReadFile(Path("trace"))};
 }

@@ -9,7 +9,6 @@
 /// What a run left behind.
 struct Outcome {
     int status; ///< exit status, or minus the signal that ended it
-    std::string out;
     std::string err;
     std::string trace;
 };

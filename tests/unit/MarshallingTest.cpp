@@ -25,7 +25,8 @@ struct AskedCreator : TCMarshalableNodeCreator {
 
 TEST(MenuItems, AskTheirCreator)
 {
-    EXPECT_EQ(TSMenuItem().getID() + (TSMenuItem().getState() ? 1U : 0U), 0U);
+    unsigned long none = 0;
+    EXPECT_FALSE(TSMenuItem().getID() != 0 || TSMenuItem().getState() || TSMenuItem().GetSizeOfMarshalled(none));
     const char* const expected[] = {"fill 1 fill 1 fill 1 ", "release release fill 1 fill 1 fill 1 ",
                                     "release release fill 2 fill 0 fill 0 ", "fill 2 fill 0 fill 0 "};
     for (const int kind : {6, 7, 8, 9}) {

@@ -141,7 +141,9 @@ TEST_F(Simulator, RaisesWhatTheTunerReports)
 {
     ISignalSubscriber *ended = nullptr, *subscriber = nullptr, *again = nullptr;
     IScanControl* scan = nullptr;
+    IPipelineUtility* utility = nullptr;
     Give(0, {TVServiceAPI::CreateSignalSubscriber(OnSignalEnd, &ended), TVServiceAPI::CreateScanControl(&scan),
+             TVServiceAPI::CreatePipelineUtility(PROFILE_PIP, -1, &utility),
              TVServiceAPI::CreateSignalSubscriber(OnSignal, &subscriber),
              TVServiceAPI::CreateSignalSubscriber(OnSignal, &again)});
     EXPECT_EQ(subscriber, again);                    // known by its callback
@@ -166,7 +168,10 @@ TEST_F(Simulator, RaisesWhatTheTunerReports)
         [&] { return subscriber->RemoveSignal(SIGNAL_TUNE_START, 1, 0, 0) * source->SetSource(SOURCE_TV, ""); },
     };
     for (const auto& call : calls) {
-        Give(1, {call()});
+        TCTPMSStatus status;
+        Give(1, {call(), utility->GetCurrentTPMSStatus(status)});
+        const TCPipelineInfo& info = status.pipelines.at({PROFILE_PIP, 65535});
+        std::cout << "source " << info.source << " service " << info.serviceId << std::endl;
         Deliver();
     }
     Give(1, {source->SetSource(SOURCE_TV, "")});

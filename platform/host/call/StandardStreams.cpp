@@ -15,8 +15,7 @@ void KeepStandardDescriptors()
 {
     for (int descriptor = 0; descriptor <= 2; ++descriptor) {
         if (fcntl(descriptor, F_GETFD) == -1 && errno == EBADF)
-            // The lowest free number is the one that is closed. Input stays unreadable: its end is seen at once.
-            (void)open("/dev/null", descriptor == 0 ? O_WRONLY : O_RDWR);
+            (void)open("/dev/null", O_RDWR); // the lowest free number is the one that is closed
     }
 }
 
