@@ -34,7 +34,7 @@ TEST(TPMSTests, TellWhetherTheyRan)
 TEST(TPMSTests, CountTitlesIn16Bits)
 {
     host::Scenario scenario = host::ParseScenario("(test)", "[service]\n4=1\n12=1\n13=2\n14=3\ntitle=x\n");
-    scenario.services.resize(65'537, scenario.services[0]);
+    scenario.services.resize(65'536 + 300, scenario.services[0]);
     Television television(scenario);
     television.Type("1 99");
     TCDebugMenuTPMS().m_EpgDataFeeding();
