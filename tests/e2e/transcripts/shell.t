@@ -67,7 +67,7 @@ A signal that was ignored stays so.
 
 One that strikes withdraws the simulated application.
 
-  $ TVS_TRACE=struck DebugUtil <in >out & exec 3>in; echo 6 17 1 >&3; says out ret=1; kill $!; wait $! 2>/dev/null; echo $?; tail -n 6 struck
+  $ TVS_TRACE=struck DebugUtil <in >out & exec 3>in; echo 6 17 1 >&3; says out ret=1; kill $!; exec 3>&-; wait $! 2>/dev/null; echo $?; tail -n 6 struck
   143
   IPipelineUtility::RegisterForStateChange(0, "org.ostrel.sigtunepreptest1", 0) = 1
   IPipelineUtility::CheckPendingState(0) = 1 true
