@@ -8,6 +8,8 @@ Words that nobody types.
   cmd> 
   cmd> 
   cmd> 
+  $ { head -c 1048577 /dev/zero | tr '\0' x; echo ' 2'; } | DebugUtil | grep executing
+  cmd> executing: TV Player
 
 A plug-in that is not there.
 
