@@ -81,7 +81,7 @@ One that strikes withdraws the simulated application.
 A file that is full and then has room, a trace that is full, an input that does not wait.
 
   $ exec 3<>in
-  $ (ulimit -f 4; exec DebugUtil <&3 >>out 2>err) & printf '2 %.0s' {1..13} >&3; says err .; : >out; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' out
+  $ (ulimit -f 4; exec DebugUtil <&3 >>full 2>err) & printf '2 %.0s' {1..13} >&3; says err .; : >full; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' full
   console: text was lost: File too large
   1
   $ for i in 1 2 3 4; do echo 5 7 0 7 1 15 99; done >words; (ulimit -f 1; TVS_TRACE=torn DebugUtil <words 2>&1 >/dev/null); tail -c 1 torn | wc -l; tail -n 1 torn
