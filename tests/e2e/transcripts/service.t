@@ -28,8 +28,8 @@ The remote menu is the same on every road to the service.
 
   $ says() { for i in {1..1000}; do [ "$(grep -cs "$2" $1)" -ge ${3-1} ] && return; sleep 0.01; done 2>/dev/null; echo "$1 does not say $2"; }
   $ bus=unix:path=$PWD/bus
-  $ start_bus() { dbus-daemon --nofork --nopidfile --print-address --address=$bus ${1---session} >bus.out 2>/dev/null & daemon=$!; disown; says bus.out unix; }
-  $ start_service() { TVS_BUS=$bus tvserviced >service.out 2>&1 & service=$!; disown; says service.out serving; }
+  $ start_bus() { rm -f bus.out; dbus-daemon --nofork --nopidfile --print-address --address=$bus ${1---session} >bus.out 2>/dev/null & daemon=$!; disown; says bus.out unix; }
+  $ start_service() { rm -f service.out; TVS_BUS=$bus tvserviced >service.out 2>&1 & service=$!; disown; says service.out serving; }
   $ start_bus; start_service
   $ walk() { printf '1\n3\n03\n99\n1\n' | TVS_TRACE=- DebugUtil 2>&1; }
   $ walk >embedded; grep Run embedded | sed 's/.*Control//'
@@ -50,7 +50,7 @@ who lists them, while it waits at its first prompt; a machine that is busy may n
   $ end() { kill -9 $1; while kill -0 $1 2>/dev/null; do sleep 0.01; done; }
   $ lose() { echo 1 >&3; says out tvs $2; end $1; echo 3 1 >&3; says out 'Failed to start TVS debug print control' $2; }
   $ mkfifo in; exec 3<>in
-  $ wait_at_prompt() { TVS_BUS=$bus TVS_TRACE=trace DebugUtil <&3 >out 2>err & tool=$!; says out cmd; }
+  $ wait_at_prompt() { rm -f out; TVS_BUS=$bus TVS_TRACE=trace DebugUtil <&3 >out 2>err & tool=$!; says out cmd; }
   $ for i in {1..20}; do wait_at_prompt; busctl --address=$bus list --no-legend | grep -c ^: >seen; grep -q 3 seen && break; echo 99 >&3; wait $tool; done; cat seen
   3
   $ lose $service 1; start_service; lose $daemon 2; start_bus; start_service; echo 1 99 99 >&3; wait $tool; end $service; end $daemon; rm -f bus

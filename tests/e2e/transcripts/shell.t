@@ -89,7 +89,7 @@ A file that is full and then has room, a trace that is full, an input that does 
   1
   TVServiceAPI::CreatePipelineUtility(1, 0) = 0
   $ mix() { perl -MFcntl -e 'fcntl(STDIN, F_SETFL, O_NONBLOCK)' <&3; }
-  $ mix; DebugUtil <&3 >out & says out Exit; mix; echo 2 >&3; says out Player; sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 out
+  $ mix; DebugUtil <&3 >waits & says waits Exit; mix; echo 2 >&3; says waits Player; sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 waits
   cmd> executing: Exit
 
 Standard error that is full and then has room.
