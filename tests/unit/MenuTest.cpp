@@ -12,20 +12,20 @@ TEST(TPMSTests, TellWhetherTheyRan)
     constexpr auto epg = &TCDebugMenuTPMS::m_EpgDataFeeding, invalid = &TCDebugMenuTPMS::m_InvalidServiceTest,
                    bootup = &TCDebugMenuTPMS::m_SetBootupService;
     const std::tuple<decltype(epg), const char*, const char*, bool> cases[] = {
-        {epg, "CreateServiceGuide=0 object", "99", true},
-        {epg, "CreateScanControl=1", "99", false},
-        {epg, "CreateServiceGuide=1", "99", false},
-        {epg, "CreateServiceNavigation=1", "99", false},
-        {invalid, "CreateServiceGuide=1", "99", true},
-        {invalid, "CreateServiceNavigation=1", "99", false},
-        {invalid, "CreateSourceControl=1", "99", false},
-        {bootup, "CreateServiceGuide=1", "2", true},
-        {bootup, "CreateServiceNavigation=1", "2", false},
-        {bootup, "CreateServiceGuide=1", "x", false},
-        {bootup, "CreateServiceGuide=1\nIServiceNavigation::SetBootupService=0", "2", false},
+        {epg, "", "99", true},
+        {epg, "TVServiceAPI::CreateScanControl=1", "99", false},
+        {epg, "TVServiceAPI::CreateServiceGuide=1", "99", false},
+        {epg, "TVServiceAPI::CreateServiceNavigation=1", "99", false},
+        {invalid, "", "99", true},
+        {invalid, "TVServiceAPI::CreateServiceNavigation=1", "99", false},
+        {invalid, "TVServiceAPI::CreateSourceControl=1", "99", false},
+        {bootup, "", "2", true},
+        {bootup, "TVServiceAPI::CreateServiceNavigation=1", "2", false},
+        {bootup, "", "x", false},
+        {bootup, "IServiceNavigation::SetBootupService=0", "2", false},
     };
     for (const auto& [test, fault, words, expected] : cases) {
-        Television television(host::ParseScenario("(test)", std::string("[result]\nTVServiceAPI::") + fault));
+        Television television(host::ParseScenario("(test)", std::string("[result]\n") + fault));
         television.Type(words);
         EXPECT_EQ((TCDebugMenuTPMS().*test)(), expected) << fault;
     }

@@ -32,20 +32,15 @@ The remote menu is the same on every road to the service.
   $ start_service() { rm -f service.out; TVS_BUS=$bus tvserviced >service.out 2>&1 & service=$!; disown; says service.out serving; }
   $ start_bus; start_service
   $ walk() { printf '1\n3\n03\n99\n1\n' | TVS_TRACE=- DebugUtil 2>&1; }
-  $ walk >embedded; grep Run embedded | sed 's/.*Control//'
-  ", "Start", 0) = true
-  ", "Execute", 1) = true
-  ", "Execute", 1) = true
-  ", "Execute", 1) = true
-  ", "Stop", 2) = true
-  ", "Start", 0) = true
-  ", "Stop", 2) = true
+  $ calls() { sed -E 's/.*IDebugPrintControl", "(\w+)", ([0-9]+)\) = /\1 \2 /' | paste -sd ,; }
+  $ walk >embedded; grep Run embedded | calls
+  Start 0 true,Execute 1 true,Execute 1 true,Execute 1 true,Stop 2 true,Start 0 true,Stop 2 true
   $ TVS_BUS=$bus walk | diff embedded -
   $ TVS_BUS=session DBUS_SESSION_BUS_ADDRESS=$bus walk | diff embedded -
   $ TVS_BUS=system DBUS_SYSTEM_BUS_ADDRESS=$bus walk | diff embedded -
 
-It comes back with the service and the bus. The tool is on the bus beside the service and
-who lists them, while it waits at its first prompt; a machine that is busy may need several starts for that.
+It comes back with the service and the bus. The tool is on the bus, beside the service and
+who lists them, while it waits at its first prompt; on a busy machine that may take several starts.
 
   $ end() { kill -9 $1; while kill -0 $1 2>/dev/null; do sleep 0.01; done; }
   $ lose() { echo 1 >&3; says out tvs $2; end $1; echo 3 1 >&3; says out 'Failed to start TVS debug print control' $2; }
@@ -54,18 +49,8 @@ who lists them, while it waits at its first prompt; a machine that is busy may n
   $ for i in {1..20}; do wait_at_prompt; busctl --address=$bus list --no-legend | grep -c ^: >seen; grep -q 3 seen && break; echo 99 >&3; wait $tool; done; cat seen
   3
   $ lose $service 1; start_service; lose $daemon 2; start_bus; start_service; echo 1 99 99 >&3; wait $tool; end $service; end $daemon; rm -f bus
-  $ sed 's/.*Control//' trace
-  ", "Start", 0) = true
-  ", "Execute", 1) = false
-  ", "Stop", 2) = false
-  ", "Start", 0) = false
-  ", "Start", 0) = true
-  ", "Execute", 1) = false
-  ", "Stop", 2) = false
-  ", "Start", 0) = false
-  ", "Start", 0) = true
-  ", "Execute", 1) = true
-  ", "Stop", 2) = true
+  $ calls <trace
+  Start 0 true,Execute 1 false,Stop 2 false,Start 0 false,Start 0 true,Execute 1 false,Stop 2 false,Start 0 false,Start 0 true,Execute 1 true,Stop 2 true
   $ sed "s,$bus,(bus)," err
   TV service on (bus): The name com.kavrin.TVService was not provided by any .service files
   TV service on (bus): The name com.kavrin.TVService was not provided by any .service files
