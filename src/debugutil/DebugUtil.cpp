@@ -12,7 +12,7 @@
 
 // Made in this order, after the standard streams; the proxy connects as it is made.
 bool TCDebugUtil::m_isDebugUtilMenu = true;
-bool TCDebugUtil::m_exitDebugMenu;
+bool TCDebugUtil::m_exitDebugMenu = false;
 std::string TCDebugUtil::m_response;
 TCDebugPrintControlProxy TCDebugUtil::tvsDebug("com.kavrin.IDebugPrintControl");
 const std::vector<TSMenuOption> TCDebugUtil::m_debugUtilMenu = {
@@ -67,7 +67,6 @@ std::string MenuText(const std::vector<TSMenuOption>& options)
 void TCDebugUtil::StartMenu()
 {
     std::string word;
-    m_exitDebugMenu = false;
     console::WriteLine("DebugUtil");
     while (!m_exitDebugMenu) {
         if (m_isDebugUtilMenu)

@@ -37,6 +37,7 @@ Session PlaySession(host::Scenario scenario, const std::string& words)
     Television television(std::move(scenario));
     television.onWord = [](const std::string& word) { std::cout << WordByWord::Told(word) << std::flush; };
     television.Type(words + "\n");
+    TCDebugUtil::m_exitDebugMenu = false; // by the session before
     TCDebugUtil::StartMenu();
 
     host::SignalHub& hub = host::SignalHub::Instance();

@@ -130,8 +130,7 @@ TEST(Messaging, RefusesWhatDoesNotFit)
     odd.PushValue(MARSHALLING_REQUEST, 3, &number);
     wide.PushValue(MARSHALLING_REPLY, 8, &number);
     EXPECT_FALSE(odd.Run(&connection, interface, "SetQoSEnabled", 7, false));
-    EXPECT_FALSE(wide.Run(&connection, interface, "Stop", 2, false));
-    EXPECT_FALSE(wide.Run(nullptr, interface, "Stop", 2, false));
+    EXPECT_FALSE(wide.Run(&connection, interface, "Stop", 2, false) || wide.Run(nullptr, interface, "Stop", 2, false));
     EXPECT_EQ(number, 5U);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "TV service on this process: a value cannot be sent\n"
                                                       "TV service on this process: a reply of another form\n");

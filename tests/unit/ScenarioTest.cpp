@@ -72,15 +72,14 @@ TEST(Host, DrawsLinesAndKnowsNumbers)
 // Each line of the file: the text of a scenario, escaped as in C, and what comes of it.
 TEST(Scenario, IsTakenOrRefusedToTheLetter)
 {
-    const std::string path = RECORD_PATH "/scenarios";
-    std::istringstream cases(ReadFile(path));
+    std::istringstream cases(ReadFile(RECORD_PATH "/scenarios"));
     std::string played;
     for (std::string line; std::getline(cases, line);) {
         line.resize(line.find(" => "));
         const std::unique_ptr<char, decltype(&g_free)> text(g_strcompress(line.c_str()), g_free);
         played += line + " => " + Parsed(text.get()) + "\n";
     }
-    EXPECT_TRUE(IsAsRecorded(path, played));
+    EXPECT_TRUE(IsAsRecorded(RECORD_PATH "/scenarios", played));
 }
 
 } // namespace
