@@ -1,6 +1,6 @@
 #include "debugutil/Console.h"
 
-#include "debugutil/Strike.h"
+#include "debugutil/TerminationSignals.h"
 
 #include <algorithm>
 #include <atomic>
@@ -70,6 +70,10 @@ void WriteLine(std::string text)
 
 bool ReadWord(std::string& word)
 {
+    if (termination::WasRequested()) { // descriptor 0 may be closed, or be something else by now
+        std::cin.setstate(std::ios::eofbit | std::ios::failbit);
+        return false;
+    }
     PrepareInput();
     while (!(std::cin >> std::setw(kLongestWord) >> word)) {
         if (!MakeInputWait())
@@ -82,7 +86,7 @@ bool ReadWord(std::string& word)
         if (std::isspace(std::cin.peek()) == 0 && std::cin >> rest)
             word += rest;
     }
-    if (strike::HasStruck()) { // whether the word was there before it, or is the half of one
+    if (termination::WasRequested()) { // whether the word was there before it, or is the half of one
         std::cin.setstate(std::ios::eofbit | std::ios::failbit);
         return false;
     }

@@ -4,6 +4,7 @@
 #include "debugmenu/DebugMenuUtility.h"
 #include "debugutil/Console.h"
 #include "debugutil/HandlePrompt.h"
+#include "debugutil/TerminationSignals.h"
 
 #include <algorithm>
 #include <cctype>
@@ -42,6 +43,7 @@ void RunAction(const std::string& name, const std::function<void()>& action)
         failure = "unknown exception";
     }
     console::TakeBack();
+    termination::UnblockSignals(); // a plug-in may have left them blocked
     if (!failure)
         return;
     std::replace_if(

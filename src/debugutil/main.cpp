@@ -1,5 +1,5 @@
 #include "debugutil/DebugUtil.h"
-#include "debugutil/Strike.h"
+#include "debugutil/TerminationSignals.h"
 
 #include <csignal>
 
@@ -8,7 +8,7 @@ int main()
     // A reader of our output that goes away must not kill the console with objects of the TV service in its hands.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN); // nor must a file that has reached its limit
-    strike::Expect();
+    termination::HandleSignals();
     TCDebugUtil::StartMenu();
     return 0;
 }

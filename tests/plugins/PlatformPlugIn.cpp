@@ -2,6 +2,7 @@
 // a word that is no number, and leaves the streams as it likes them.
 #include "tvs-api/TVServiceAPI.h"
 
+#include <csignal>
 #include <cstdio>
 #include <iostream>
 
@@ -17,4 +18,7 @@ extern "C" __attribute__((visibility("default"))) void ht_subdebugmenu()
     std::cin.exceptions(std::ios::eofbit);
     std::cout.exceptions(std::ios::failbit);
     std::cout.width(1000);
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_BLOCK, &all, nullptr);
 }
