@@ -2,7 +2,7 @@
 // number of each width: a text (T) or a list of menu items (L). Behind a blank stands the reply as a tree, with one
 // argument too many if a + ends it, or behind a ! its bytes.
 #include "debugutil/DebugPrintControlProxy.h"
-#include "host/messaging/ServiceBus.h"
+#include "host/messaging/MessageCodec.h"
 #include "support/Trees.h"
 
 #include <atomic>

@@ -1,122 +1,137 @@
-// Calls to a TV service: how long it may be silent, and what the real one answers.
+// Calls to a TV service: how long it may take, and what the real one answers.
 #include "tvs-api-internal/Messaging.h"
-#include "debugutil/DebugPrintControlProxy.h"
-#include "host/messaging/EmbeddedService.h"
+#include "host/messaging/Channel.h"
 #include "support/Ask.h"
 #include "support/Screens.h"
 #include "support/Talk.h"
 
-#include <chrono>
-#include <ctime>
-#include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace
 {
 
-sd_id128_t g_lastBus{}; // where the last call came from
+using namespace std::chrono_literals;
 
-/// While there is one, its thread's calls come to it. It is silent, and time stands still but where an answer is waited
-/// for.
-thread_local struct SilentPeer* peer = nullptr;
-struct SilentPeer {
-    SilentPeer() { peer = this; }
-    ~SilentPeer() { peer = nullptr; }
-    int Wait(std::uint64_t microseconds)
+/// The embedded service, or a bus on which nobody answers, with a clock that only waiting moves on. Records the calls.
+class RecordingTransport : public host::BusTransport
+{
+public:
+    explicit RecordingTransport(std::string& calls, std::optional<std::string> setting = std::nullopt)
+        : BusTransport(std::move(setting)), m_calls(calls)
     {
-        waits += std::to_string(microseconds) + " ";
-        now += 10;
-        return waits.size() < 100 ? 0 : -EIO;
     }
-    std::int64_t now = 1'000'000'000;
-    int flood = 0, unasked = 0; ///< messages that nobody asks for, behind each call and still to come
-    std::string waits;
+
+    host::Clock::time_point Now() override { return m_now; }
+    host::Bus Open(host::Clock::time_point end) override
+    {
+        m_calls += "open ";
+        return BusTransport::Open(end);
+    }
+    bool Process(sd_bus* bus) override
+    {
+        if (flood) {
+            m_now += 1ms;
+            return true;
+        }
+        return BusTransport::Process(bus);
+    }
+    void Wait(sd_bus* bus, host::Clock::time_point end) override
+    {
+        if (responsive)
+            return BusTransport::Wait(bus, host::Clock::now() + 60s);
+        m_calls += "wait " + std::to_string((end - m_now) / 1ms) + " ";
+        m_now = end;
+        host::Checked(-ETIMEDOUT);
+    }
+    host::BusSlot Send(sd_bus* bus, sd_bus_message* call, host::BusMessage& reply) override
+    {
+        m_calls += "send ";
+        return responsive ? BusTransport::Send(bus, call, reply) : host::BusSlot(nullptr, sd_bus_slot_unref);
+    }
+
+    bool responsive = true;
+    bool flood = false; ///< messages that are no answer keep coming
+
+private:
+    std::string& m_calls;
+    host::Clock::time_point m_now;
 };
 
-} // namespace
-
-std::chrono::steady_clock::time_point std::chrono::steady_clock::now() noexcept
+std::string StopReport(host::Channel& channel)
 {
-    timespec time = {};
-    if (peer == nullptr)
-        clock_gettime(CLOCK_MONOTONIC, &time);
-    else
-        time.tv_sec = static_cast<std::time_t>(peer->now);
-    return time_point(std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec));
-}
-
-int sd_bus_wait(sd_bus* bus, std::uint64_t microseconds)
-{
-    static const auto wait = reinterpret_cast<decltype(&sd_bus_wait)>(dlsym(RTLD_NEXT, "sd_bus_wait"));
-    return peer == nullptr ? wait(bus, microseconds) : peer->Wait(microseconds);
-}
-
-int sd_bus_process(sd_bus* bus, sd_bus_message** message)
-{
-    static const auto process = reinterpret_cast<decltype(&sd_bus_process)>(dlsym(RTLD_NEXT, "sd_bus_process"));
-    return peer == nullptr || peer->unasked == 0 ? process(bus, message) : peer->unasked-- > 0;
-}
-
-int sd_bus_call_async(sd_bus* bus, sd_bus_slot** slot, sd_bus_message* message, sd_bus_message_handler_t take,
-                      void* taker, std::uint64_t microseconds)
-{
-    static const auto call = reinterpret_cast<decltype(&sd_bus_call_async)>(dlsym(RTLD_NEXT, "sd_bus_call_async"));
-    host::Checked(sd_bus_get_bus_id(bus, &g_lastBus));
-    if (peer == nullptr)
-        return call(bus, slot, message, take, taker, microseconds);
-    peer->unasked = peer->flood;
-    return 0;
-}
-
-namespace
-{
-
-TCDebugPrintControlProxy Connect(const char* busSetting)
-{
-    setenv("TVS_BUS", busSetting, 1);
-    return TCDebugPrintControlProxy(host::kDebugPrintInterface,
-                                    std::make_unique<TVServiceAPIConnection>("", host::kServiceObjectPath, true));
-}
-
-TEST(Messaging, WaitsTenSecondsForASilentPeerAndThenOne)
-{
-    auto proxy = Connect(""), withoutHello = Connect("unixexec:path=sleep,argv1=60");
-    EXPECT_EQ(Connect("nonsense").Stop(), -1);
-    {
-        const SilentPeer silence;
-        Connect("unixexec:path=sleep,argv1=60");
-        EXPECT_EQ(silence.waits, "200000 "); // the first prompt waits no longer
+    try {
+        channel.Call(host::kDebugPrintInterface, "Stop", 2, {});
+        return "answered";
+    } catch (const std::exception& error) {
+        return error.what();
     }
-    const auto bus = [&proxy] {
-        EXPECT_EQ(proxy.Stop(), 1);
-        return g_lastBus;
+}
+
+TEST(Messaging, WaitsTenSecondsForAnUnresponsiveServiceAndThenOne)
+{
+    std::string calls;
+    auto owned = std::make_unique<RecordingTransport>(calls);
+    RecordingTransport& transport = *owned;
+    host::Channel channel(host::kServiceObjectPath, "cannot open", std::move(owned));
+    const auto stop = [&](bool responsive) {
+        transport.responsive = responsive;
+        return StopReport(channel);
     };
-    const sd_id128_t first = bus();
-    EXPECT_TRUE(sd_id128_equal(bus(), first));
-    for (TCDebugPrintControlProxy* const silent : {&proxy, &withoutHello}) {
-        const SilentPeer silence;
-        EXPECT_EQ(silent->Stop() + silent->Stop(), -2);
-        EXPECT_EQ(silence.waits, "10000000 1000000 ");
-    }
-    EXPECT_FALSE(sd_id128_equal(bus(), first)); // half an answer may be stuck in it
-    const SilentPeer silence;
-    EXPECT_EQ(proxy.Stop(), -1);
-    EXPECT_EQ(silence.waits, "10000000 "); // it has answered one
+    EXPECT_EQ(stop(true), "answered");
+    EXPECT_EQ(stop(true), "answered");
+    EXPECT_EQ(calls, "open send send "); // one bus for both
+    calls.clear();
+    EXPECT_EQ(stop(false), "no answer within 10 s");
+    EXPECT_EQ(stop(true), "answered"); // on a new bus: half an answer may be in the old one
+    EXPECT_EQ(stop(false), "no answer within 10 s");
+    EXPECT_EQ(calls, "send wait 10000 open send send wait 10000 ");
+}
+
+TEST(Messaging, LimitsTheHandshakeToo)
+{
+    std::string calls;
+    auto owned = std::make_unique<RecordingTransport>(calls, "unixexec:path=sleep,argv1=60");
+    owned->responsive = false;
+    host::Channel channel(host::kServiceObjectPath, "cannot open", std::move(owned));
+    EXPECT_EQ(calls, "open wait 200 "); // the first prompt waits no longer
+    EXPECT_EQ(StopReport(channel), "no answer within 10 s");
+    EXPECT_EQ(StopReport(channel), "no answer within 1 s");
+    EXPECT_EQ(calls, "open wait 200 wait 10000 open wait 1000 ");
 }
 
 TEST(Messaging, EndsAFlood)
 {
-    testing::internal::CaptureStderr();
-    for (const int flood : {1000, 1001}) {
-        auto proxy = Connect("");
-        SilentPeer service;
-        service.flood = flood;
-        EXPECT_EQ(proxy.Stop(), -1);
-        EXPECT_EQ(service.waits, flood == 1000 ? "10000000 " : "");
-    }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "TV service on this process: no answer within 10 s\n"
-              "TV service on this process: a flood of messages that nobody asked for\n");
+    std::string calls;
+    auto owned = std::make_unique<RecordingTransport>(calls);
+    RecordingTransport& transport = *owned;
+    host::Channel channel(host::kServiceObjectPath, "cannot open", std::move(owned));
+    transport.flood = true;
+    EXPECT_EQ(StopReport(channel), "no answer within 10 s");
+}
+
+// libsystemd cannot give up a wait for a name server; a later call takes its result.
+TEST(Messaging, LimitsTheWaitForANameServer)
+{
+    std::future<host::Bus> opening;
+    std::promise<void> resolved;
+    const auto open = [&] {
+        resolved.get_future().wait();
+        host::Checked(-EHOSTUNREACH);
+        return host::Bus();
+    };
+    const auto report = [&] {
+        try {
+            host::Step("cannot open", [&] { return host::OpenOnThread(opening, open, host::Clock::now() + 50ms); });
+            return std::string("opened");
+        } catch (const std::system_error& error) {
+            return std::string(error.what());
+        }
+    };
+    EXPECT_EQ(report(), "cannot open: Connection timed out");
+    resolved.set_value();
+    opening.wait();
+    EXPECT_EQ(report(), "cannot open: No route to host");
 }
 
 TEST(Messaging, RefusesWhatDoesNotFit)
@@ -133,7 +148,7 @@ TEST(Messaging, RefusesWhatDoesNotFit)
     EXPECT_FALSE(wide.Run(&connection, interface, "Stop", 2, false) || wide.Run(nullptr, interface, "Stop", 2, false));
     EXPECT_EQ(number, 5U);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "TV service on this process: a value cannot be sent\n"
-                                                      "TV service on this process: a reply of another form\n");
+                                                      "TV service on this process: the call failed: malformed reply\n");
 }
 
 TEST(DebugPrintService, AnswersEveryMethod)

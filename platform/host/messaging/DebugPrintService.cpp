@@ -19,7 +19,7 @@ namespace
 
 constexpr std::uint32_t kExit = 99;
 constexpr short kElementTag = -1;
-constexpr std::size_t kMostBytesOfNames = 16U << 20; // a fraction of what fits into an answer
+constexpr std::size_t kMaxNameBytes = 16U << 20; // a fraction of what fits into an answer
 
 // Ids in the order of the screen.
 constexpr std::pair<std::uint32_t, const char*> kDebugModes[] = {
@@ -112,47 +112,32 @@ void DebugPrintService::Serve(sd_bus* bus)
     }
 }
 
-DebugPrintService::Method DebugPrintService::MethodOf(EDebugPrintMethod number)
-{
-    switch (number) {
-    case DEBUG_PRINT_START:
-        return &DebugPrintService::Start;
-    case DEBUG_PRINT_EXECUTE:
-        return &DebugPrintService::Execute;
-    case DEBUG_PRINT_STOP:
-        return &DebugPrintService::Stop;
-    case DEBUG_PRINT_CHECK:
-        return &DebugPrintService::Check;
-    case DEBUG_PRINT_GET_MENU_ITEMS:
-        return &DebugPrintService::GetMenuItems;
-    case DEBUG_PRINT_SET_MENU_ITEMS:
-        return &DebugPrintService::SetMenuItems;
-    case DEBUG_PRINT_SET_MENU_ITEM:
-        return &DebugPrintService::SetMenuItem;
-    case DEBUG_PRINT_SET_QOS_ENABLED:
-        return &DebugPrintService::SetQoSEnabled;
-    case DEBUG_PRINT_IS_QOS_ENABLED:
-        return &DebugPrintService::IsQoSEnabled;
-    case DEBUG_PRINT_SET_DEBUG_MODE:
-        return &DebugPrintService::SetDebugMode;
-    case DEBUG_PRINT_IS_DEBUG_MODE_ENABLED:
-        return &DebugPrintService::IsDebugModeEnabled;
-    }
-    throw std::invalid_argument("no method has that number");
-}
-
 int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_error* error)
 {
+    static constexpr Values (DebugPrintService::*methods[])(RequestReader&) = {
+        &DebugPrintService::Start,
+        &DebugPrintService::Execute,
+        &DebugPrintService::Stop,
+        &DebugPrintService::Check,
+        &DebugPrintService::GetMenuItems,
+        &DebugPrintService::SetMenuItems,
+        &DebugPrintService::SetMenuItem,
+        &DebugPrintService::SetQoSEnabled,
+        &DebugPrintService::IsQoSEnabled,
+        &DebugPrintService::SetDebugMode,
+        &DebugPrintService::IsDebugModeEnabled,
+    };
+    static_assert(std::size(methods) == std::size(kDebugPrintMethodNames), "a method for every name, by number");
     try {
-        std::int16_t number = -1;
+        std::uint16_t number = 0;
         Checked(sd_bus_message_read_basic(message, 'n', &number));
-        const char* member = sd_bus_message_get_member(message);
-        const Method method = MethodOf(static_cast<EDebugPrintMethod>(number));
-        if (std::strcmp(kDebugPrintMethodNames[number], member) != 0)
+        if (number >= std::size(methods))
+            throw std::invalid_argument("no method has that number");
+        if (std::strcmp(kDebugPrintMethodNames[number], sd_bus_message_get_member(message)) != 0)
             throw std::invalid_argument("the number is not the method's");
         const Values values = ReadValues(message);
         RequestReader request(values);
-        const Values answer = (static_cast<DebugPrintService*>(service)->*method)(request);
+        const Values answer = (static_cast<DebugPrintService*>(service)->*methods[number])(request);
 
         sd_bus_message* made = nullptr;
         Checked(sd_bus_message_new_method_return(message, &made));
@@ -288,7 +273,7 @@ void DebugPrintService::SetItems(std::vector<Item> items)
 {
     const auto bytes = std::accumulate(items.begin(), items.end(), std::size_t{0},
                                        [](std::size_t sum, const Item& item) { return sum + item.name.size(); });
-    if (bytes > kMostBytesOfNames)
+    if (bytes > kMaxNameBytes)
         throw std::invalid_argument("the names are too long for an answer");
     m_items = std::move(items);
 }

@@ -2,7 +2,7 @@
 // them. The menu keeps nothing per client, so that several consoles can have it open.
 #pragma once
 
-#include "host/messaging/ServiceBus.h"
+#include "host/messaging/MessageCodec.h"
 #include "tvs-api-internal/DebugPrintMethods.h"
 
 #include <cstdint>
@@ -30,9 +30,6 @@ private:
         std::uint32_t id;
     };
     using Values = std::vector<TCTreeNode>;
-    using Method = Values (DebugPrintService::*)(RequestReader&);
-    /// What a method does, by its number.
-    static Method MethodOf(EDebugPrintMethod number);
     static int OnCall(sd_bus_message* message, void* service, sd_bus_error* error);
 
     Values Start(RequestReader& request);

@@ -10,8 +10,8 @@ namespace
 {
 
 constexpr const char* kBranch = "a(nv)";
-constexpr int kDeepest = 16;        // honest trees have three levels
-constexpr int kMostNodes = 100'000; // a menu of ten thousand items has 60 thousand
+constexpr int kMaxDepth = 16;      // valid trees have three levels
+constexpr int kMaxNodes = 100'000; // a menu of ten thousand items has 60 thousand
 
 void AppendVariant(sd_bus_message* message, const TCTreeNode& node);
 
@@ -59,7 +59,7 @@ public:
 
     TCTreeNode::Value ReadVariant(int depth)
     {
-        if (++m_nodes > kMostNodes)
+        if (++m_nodes > kMaxNodes)
             Checked(-EMSGSIZE);
         const char* type = nullptr;
         Checked(sd_bus_message_peek_type(m_message, nullptr, &type));
@@ -83,7 +83,7 @@ private:
             return ReadPlain<std::uint64_t>(m_message, 't');
         if (type == "ay" && depth > 0)
             return ReadBytes();
-        if (type == kBranch && depth < kDeepest)
+        if (type == kBranch && depth < kMaxDepth)
             return ReadBranch(depth);
         throw std::system_error(EBADMSG, std::generic_category());
     }
@@ -134,6 +134,12 @@ int Checked(int result)
     if (result < 0)
         throw std::system_error(-result, std::generic_category());
     return result;
+}
+
+int WaitForBus(sd_bus* bus, std::uint64_t microseconds)
+{
+    const int result = sd_bus_wait(bus, microseconds);
+    return result == -EINTR ? 0 : result;
 }
 
 void AppendValues(sd_bus_message* message, const std::vector<TCTreeNode>& values)

@@ -2,7 +2,7 @@
 #include "host/call/Settings.h"
 #include "host/call/StandardStreams.h"
 #include "host/call/Text.h"
-#include "host/messaging/DebugPrintService.h"
+#include "host/messaging/Transport.h"
 
 #include <cerrno>
 #include <csignal>
@@ -21,7 +21,9 @@ constexpr const char* kHelp = "Usage: TVS_BUS=BUS tvserviced\n"
                               "  --help     says this\n"
                               "  --version  says the version\n";
 
-// The status of a process that was only asked, or asked wrongly.
+constexpr std::chrono::seconds kBusTimeout(10); // for the handshake, and for each call to the bus
+
+// Prints what the argument asks for; returns the exit status.
 int Answer(std::string_view argument)
 {
     if (argument != "--help" && argument != "--version") {
@@ -33,12 +35,22 @@ int Answer(std::string_view argument)
     return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
+host::Bus OpenBus(const std::string& setting)
+{
+    host::BusTransport transport(setting);
+    const auto end = transport.Now() + kBusTimeout;
+    host::Bus bus = transport.Open(end);
+    host::WaitUntilReady(transport, bus.get(), end);
+    host::Checked(sd_bus_set_method_call_timeout(bus.get(), std::chrono::microseconds(kBusTimeout).count()));
+    return bus;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     host::KeepStandardDescriptors();
-    std::signal(SIGPIPE, SIG_IGN); // whoever reads our one line may go
+    std::signal(SIGPIPE, SIG_IGN); // nobody may read the one line on standard output
     if (argc > 1)
         return Answer(argv[1]);
     const auto setting = host::Setting("TVS_BUS");
@@ -47,11 +59,11 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     }
     try {
-        const host::Bus bus = host::OpenServiceBus(*setting);
+        const host::Bus bus = host::Step(host::OpenStepOf(setting), [&] { return OpenBus(*setting); });
         const int owned = sd_bus_request_name(bus.get(), host::kServiceBusName, 0);
         if (owned == -EEXIST)
             throw std::runtime_error(std::string(host::kServiceBusName) + " has an owner already");
-        host::Checked(owned);
+        host::Step("cannot own com.kavrin.TVService", [&] { return host::Checked(owned); });
         std::printf("tvserviced: serving %s on %s\n", host::kServiceBusName, setting->c_str());
         std::fflush(stdout);
         host::DebugPrintService().Serve(bus.get());

@@ -21,7 +21,7 @@ It says what it does. Without a bus it does nothing.
   tvserviced: TVS_BUS is not set: give session, system or a D-Bus address
   [1]
   $ TVS_BUS=nowhere: tvserviced
-  tvserviced: nowhere:: Connection refused
+  tvserviced: nowhere:: not session, system or a valid D-Bus address
   [1]
 
 The remote menu is the same on every road to the service.
@@ -52,17 +52,27 @@ who lists them, while it waits at its first prompt; on a busy machine that may t
   $ calls <trace
   Start 0 true,Execute 1 false,Stop 2 false,Start 0 false,Start 0 true,Execute 1 false,Stop 2 false,Start 0 false,Start 0 true,Execute 1 true,Stop 2 true
   $ sed "s,$bus,(bus)," err
-  TV service on (bus): The name com.kavrin.TVService was not provided by any .service files
-  TV service on (bus): The name com.kavrin.TVService was not provided by any .service files
-  TV service on (bus): The name com.kavrin.TVService was not provided by any .service files
-  TV service on (bus): Connection refused
-  TV service on (bus): Connection refused
-  TV service on (bus): Connection refused
+  TV service on (bus): the call failed: The name com.kavrin.TVService was not provided by any .service files
+  TV service on (bus): the call failed: The name com.kavrin.TVService was not provided by any .service files
+  TV service on (bus): the call failed: The name com.kavrin.TVService was not provided by any .service files
+  TV service on (bus): cannot open the bus: Connection refused
+  TV service on (bus): cannot open the bus: Connection refused
+  TV service on (bus): cannot open the bus: Connection refused
 
-A bus that is not there, and one that lets nobody call.
+A bus that is not there, a session without one, and a bus that lets nobody call.
 
   $ echo 1 99 | TVS_BUS=unix:path=/nowhere DebugUtil 2>&1 >/dev/null
-  TV service on unix:path=/nowhere: No such file or directory
+  TV service on unix:path=/nowhere: cannot open the bus: No such file or directory
+  $ echo 1 99 | env -u DBUS_SESSION_BUS_ADDRESS -u XDG_RUNTIME_DIR TVS_BUS=session DebugUtil 2>&1 >/dev/null
+  TV service on session: cannot open the session bus: No medium found
   $ echo "<busconfig><listen>$bus</listen><policy context='default'><allow own='*'/><allow send_destination='org.freedesktop.DBus'/><allow receive_sender='org.freedesktop.DBus'/></policy></busconfig>" >conf
   $ start_bus --config-file=conf; start_service; echo 1 99 | TVS_BUS=$bus DebugUtil 2>&1 >/dev/null | grep -o ': Rejected send message'; end $service; end $daemon
   : Rejected send message
+
+A service whose standard output nobody reads goes on.
+
+  $ start_bus; { sleep 0.1; TVS_BUS=$bus exec tvserviced 2>&-; } | : & disown
+  $ for i in {1..1000}; do busctl --address=$bus list | grep -o com.kavrin.TVService && break; sleep 0.01; done
+  com.kavrin.TVService
+  $ sleep 0.1; busctl --address=$bus list | grep -o com.kavrin.TVService; end $daemon
+  com.kavrin.TVService
