@@ -29,7 +29,7 @@ public:
         // A quit from here is lost if the thread has not entered the loop yet; one from inside the loop is not.
         GSource* source = g_idle_source_new();
         g_source_set_priority(source, G_PRIORITY_DEFAULT);
-        g_source_set_callback(source, Quit, m_loop.get(), nullptr);
+        g_source_set_callback(source, m_Quit, m_loop.get(), nullptr);
         g_source_attach(source, nullptr);
         g_main_loop_quit(m_loop.get()); // for a loop that waits for a context that somebody else holds
         m_thread.join();
@@ -41,7 +41,7 @@ public:
     TCEventLoop& operator=(const TCEventLoop&) = delete;
 
 private:
-    static gboolean Quit(gpointer loop)
+    static gboolean m_Quit(gpointer loop)
     {
         g_main_loop_quit(static_cast<GMainLoop*>(loop));
         return G_SOURCE_REMOVE;
@@ -121,63 +121,40 @@ void TCDebugMenuTPMS::Enter()
     // Left in the reverse order, also by an exception: the subscription is dropped, the loop quit, its thread joined.
     const TCEventLoop loop;
     const TCSubscription subscription(&m_signalSubscriber);
-    m_RunMainMenu();
+    RunMenu([this] { m_PrintMainMenu(); }, [this] { return m_AskNumber("cmd> "); },
+            [this](int command) { return m_mainMenu.Dispatch(command, PrintUnrecognized, *this); });
 }
 
-void TCDebugMenuTPMS::m_RunMainMenu()
-{
-    std::string word;
-    for (;;) {
-        m_PrintMainMenu();
-        if (!console::Ask(tpms::kCommandPrompt, word))
-            return;
-        bool isNumber = false;
-        const int number = m_StrToInt(word, &isNumber);
-        if (!isNumber)
-            continue;
-        if (number == kMenuExit)
-            return;
-        if (const auto* row = m_MainMenu().Find(number))
-            row->run(*this);
-        else
-            console::WriteLine("Command not recognized");
-    }
-}
+const TCMenu<TCDebugMenuTPMS&> TCDebugMenuTPMS::m_mainMenu = {
+    tpms::Frame(),
+    "\t[Process Debug List]\t\n",
+    {
+        {1, " 1. Reference Count Test\n", &TCDebugMenuTPMS::m_Start_Test1_ReferenceCount},
+        {2, " 2. AV Mute Test\n", &TCDebugMenuTPMS::m_Start_Test2_MuteControl},
+        {3, " 3. HDMI Anaysis (Capture) test\n", &TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis},
+        {4, " 4. GetCurrentTPMSStatus test\n", &TCDebugMenuTPMS::m_GetCurrentTPMSStatus},
+        {5, " 5. SetTvMode to DTV Air\n", &TCDebugMenuTPMS::m_SetTvModeToDigitalAir},
+        {6, " 6. SetDTVMode test\n", &TCDebugMenuTPMS::m_Start_Test6_SetDTVMode},
+        {7, " 7. SetSource Test\n", &TCDebugMenuTPMS::m_Start_Test7_SetSource},
+        {8, " 8. RestartVideoDecorder\n", &TCDebugMenuTPMS::m_RestartVideoDecoder},
+        {9, " 9. Set AVMode test\n", [](TCDebugMenuTPMS&) {}},
+        {10, " 10. Check Tuner Signal Sate\n", &TCDebugMenuTPMS::m_CheckTunerSignalState},
+        {11, " 11. Get Lastest Channel info\n", &TCDebugMenuTPMS::m_PrintLatestServices},
+        {12, " 12. Preparation Logic Test\n", &TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest},
+        {13, " 13. Preparation SetTvMode with service Id Test\n", &TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest},
+        {14, " 14. Set Crop Video test\n", &TCDebugMenuTPMS::m_Start_Test15_SetCropVideoTest},
+        {15, " 15. Check Caption Exist test\n", &TCDebugMenuTPMS::m_Start_Test16_CheckCaptionExistTest},
+        {16, " 16. SetPreviewSource\n", &TCDebugMenuTPMS::m_Start_Test17_SetPrevieSource},
+        {17, " 17. SIGNAL_TUNE_PREPARATION mechanism\n",
+         &TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism},
+        {18, " 18. Epg Data Feeding\n", &TCDebugMenuTPMS::m_EpgDataFeeding},
+        {19, " 19. IZoomControl test\n", &TCDebugMenuTPMS::m_ZoomControlTest},
+        {20, " 20. InvalidService test\n", &TCDebugMenuTPMS::m_InvalidServiceTest},
+        {21, " 21. Set boot up service\n", &TCDebugMenuTPMS::m_SetBootupService},
+    },
+};
 
-const TCMenu<TCDebugMenuTPMS&>& TCDebugMenuTPMS::m_MainMenu()
-{
-    static const TCMenu<TCDebugMenuTPMS&> table = {
-        tpms::Frame(),
-        "\t[Process Debug List]\t\n",
-        {
-            {1, " 1. Reference Count Test\n", &TCDebugMenuTPMS::m_Start_Test1_ReferenceCount},
-            {2, " 2. AV Mute Test\n", &TCDebugMenuTPMS::m_Start_Test2_MuteControl},
-            {3, " 3. HDMI Anaysis (Capture) test\n", &TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis},
-            {4, " 4. GetCurrentTPMSStatus test\n", &TCDebugMenuTPMS::m_GetCurrentTPMSStatus},
-            {5, " 5. SetTvMode to DTV Air\n", &TCDebugMenuTPMS::m_SetTvModeToDigitalAir},
-            {6, " 6. SetDTVMode test\n", &TCDebugMenuTPMS::m_Start_Test6_SetDTVMode},
-            {7, " 7. SetSource Test\n", &TCDebugMenuTPMS::m_Start_Test7_SetSource},
-            {8, " 8. RestartVideoDecorder\n", &TCDebugMenuTPMS::m_RestartVideoDecoder},
-            {9, " 9. Set AVMode test\n", [](TCDebugMenuTPMS&) {}},
-            {10, " 10. Check Tuner Signal Sate\n", &TCDebugMenuTPMS::m_CheckTunerSignalState},
-            {11, " 11. Get Lastest Channel info\n", &TCDebugMenuTPMS::m_PrintLatestServices},
-            {12, " 12. Preparation Logic Test\n", &TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest},
-            {13, " 13. Preparation SetTvMode with service Id Test\n", &TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest},
-            {14, " 14. Set Crop Video test\n", &TCDebugMenuTPMS::m_Start_Test15_SetCropVideoTest},
-            {15, " 15. Check Caption Exist test\n", &TCDebugMenuTPMS::m_Start_Test16_CheckCaptionExistTest},
-            {16, " 16. SetPreviewSource\n", &TCDebugMenuTPMS::m_Start_Test17_SetPrevieSource},
-            {17, " 17. SIGNAL_TUNE_PREPARATION mechanism\n",
-             &TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism},
-            {18, " 18. Epg Data Feeding\n", &TCDebugMenuTPMS::m_EpgDataFeeding},
-            {19, " 19. IZoomControl test\n", &TCDebugMenuTPMS::m_ZoomControlTest},
-            {20, " 20. InvalidService test\n", &TCDebugMenuTPMS::m_InvalidServiceTest},
-            {21, " 21. Set boot up service\n", &TCDebugMenuTPMS::m_SetBootupService},
-        },
-    };
-    return table;
-}
-
-void TCDebugMenuTPMS::m_PrintMainMenu() { tpms::PrintMenu(m_MainMenu()); }
+void TCDebugMenuTPMS::m_PrintMainMenu() { console::WriteLine(m_mainMenu.Text()); }
 
 int TCDebugMenuTPMS::m_StrToInt(const std::string& text, bool* ok)
 {
@@ -189,17 +166,30 @@ int TCDebugMenuTPMS::m_StrToInt(const std::string& text, bool* ok)
     return number;
 }
 
-int TCDebugMenuTPMS::m_SelectCmd(const std::string& prompt)
+std::optional<int> TCDebugMenuTPMS::m_AskNumber(const std::string& prompt)
 {
     std::string word;
-    if (console::InputEnded() || !console::Ask(prompt, word))
-        return tpms::kNoAnswer;
     bool isNumber = false;
-    const int number = m_StrToInt(word, &isNumber);
-    return isNumber ? number : tpms::kNoAnswer;
+    const int number = console::Ask(prompt, word) ? m_StrToInt(word, &isNumber) : 0;
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+int TCDebugMenuTPMS::m_SelectCmd(const std::string& prompt)
+{
+    return console::InputEnded() ? tpms::kNoAnswer : m_AskNumber(prompt).value_or(tpms::kNoAnswer);
 }
 
 unsigned short TCDebugMenuTPMS::m_SelectMajor() { return static_cast<unsigned short>(m_SelectCmd("major> ")); }
+
+void TCDebugMenuTPMS::m_RunMenu(const std::function<void()>& print, const std::function<bool(int number)>& dispatch,
+                                const char* prompt)
+{
+    const auto read = [&]() -> std::optional<int> {
+        const int number = m_SelectCmd(prompt);
+        return number == tpms::kNoAnswer ? std::nullopt : std::optional(number);
+    };
+    RunMenu(print, read, dispatch);
+}
 
 void TCDebugMenuTPMS::m_GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile)
 {

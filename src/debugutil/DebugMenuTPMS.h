@@ -3,16 +3,23 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <list>
+#include <optional>
 #include <string>
 #include <utility>
 
 #define DEBUGUTIL_EXPORT __attribute__((visibility("default")))
 
+class IAVControl;
+class IPipelineUtility;
+class IReferenceCount;
 class IServiceNavigation;
 class ISignalSubscriber;
+class ISourceControl;
 enum EAntennaMode : std::int32_t;
 enum EProfile : std::int32_t;
+enum ESource : std::int32_t;
 struct TVSHandle;
 template <class... Arguments> class TCMenu;
 
@@ -28,22 +35,23 @@ public:
 
 private:
     // A test keeps the number by which the TV service's people know it, though the commands of the main menu have
-    // moved: command 12 is Test13, and so on up to command 17, which is Test18. m_PrintMenu_... prints a test's menu.
+    // moved: command 12 is Test13, and so on up to command 17, which is Test18. A test with a menu has a table, a runner
+    // and a printer, which the runner calls; the rows of the table run with the arguments of its type.
 
     // The shell.
-    static const TCMenu<TCDebugMenuTPMS&>& m_MainMenu();
+    static const TCMenu<TCDebugMenuTPMS&> m_mainMenu;
     void m_PrintMainMenu();
-    void m_RunMainMenu();
-    /// The number at the start of the text; `ok`, unless null, tells whether there is one in the range of int.
+    /// The number at the start of the text; `ok`, unless null, is set to whether there is one in the range of int.
     int m_StrToInt(const std::string& text, bool* ok);
-    /// Prompts and reads one number; -1 when nothing valid was read. What has ended is not asked again.
+    /// Prompts and reads one number; none when nothing valid was read.
+    std::optional<int> m_AskNumber(const std::string& prompt);
+    /// The same; -1 when nothing valid was read. After the end of input it prompts no more.
     int m_SelectCmd(const std::string& prompt);
     /// Prompts for a major channel number: the low 16 bits of what was read, so 65535 when nothing valid was.
     unsigned short m_SelectMajor();
-    /// Prints a menu and runs its rows with those arguments, until 99, the end of input, or an unknown number with
-    /// which `onUnknown` does not go on.
-    template <class Menu, class... Arguments>
-    void m_RunMenu(const Menu& menu, const char* prompt, bool (*onUnknown)(int number), Arguments&... arguments);
+    /// The loop of a test's menu: RunMenu with m_SelectCmd, for which -1 is no number.
+    void m_RunMenu(const std::function<void()>& print, const std::function<bool(int number)>& dispatch,
+                   const char* prompt = "cmd> ");
     void m_GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile);
 
     // Lookups. Without a service the id is INVALID_SERVICE_ID; "FindService failed" is printed without a line end.
@@ -54,40 +62,47 @@ private:
     int m_GetVconfInt(const char* key, int* value);
 
     // AV control tests.
+    static const TCMenu<IReferenceCount&> m_test1Menu;
     void m_Start_Test1_ReferenceCount();
     void m_PrintMenu_Test1_ReferenceCount();
+    static const TCMenu<IAVControl&, int> m_test2Menu;
     void m_Start_Test2_MuteControl();
     void m_PrintMenu_Test2_MuteControl();
+    static const TCMenu<ISourceControl&, ESource> m_test3Menu;
     void m_Start_Test3_HDMIAnalysis();
     void m_PrintMenu_Test3_HDMIAnalysis();
+    static const TCMenu<IServiceNavigation&> m_test6Menu;
     void m_Start_Test6_SetDTVMode();
     void m_PrintMenu_Test6_SetDTVMode();
 
     // Source and service selection.
-    static const TCMenu<TCDebugMenuTPMS&>& m_Menu_Test7_SetSource();
+    static const TCMenu<TCDebugMenuTPMS&> m_test7Menu;
     void m_Start_Test7_SetSource();
     void m_PrintMenu_Test7_SetSource();
     void m_SetServiceOnPipeline(EProfile profile);
     void m_SetSourceOnClone();
     void m_BindWindow(EProfile profile);
-    static const TCMenu<TCDebugMenuTPMS&>& m_Menu_Test17_SetPrevieSource();
+    static const TCMenu<TCDebugMenuTPMS&> m_test17Menu;
     void m_Start_Test17_SetPrevieSource();
     void m_PrintMenu_Test17_SetPrevieSource();
     void m_SetPreviewSource(bool withService);
+    static const TCMenu<IServiceNavigation&, ISourceControl&> m_invalidServiceMenu;
     /// False when a control object cannot be made.
     bool m_InvalidServiceTest();
     /// True when the service accepted it.
     bool m_SetBootupService();
 
     // Tune preparation.
+    static const TCMenu<IPipelineUtility&, const std::string&> m_test13Menu;
     void m_Start_Test13_PreparationLogicTest();
     void m_PrintMenu_Test13_PreparationLogicTest();
     class TCMechanismTest;
+    static const TCMenu<TCMechanismTest&> m_test18Menu;
     void m_Start_Test18_SignalTunePreparationMechanism();
     void m_PrintMenu_Test18_SignalTunePreparationMechanism();
 
     // TV mode, crop and captions.
-    static const TCMenu<TCDebugMenuTPMS&, unsigned short>& m_Menu_Test14_SetTvModeTest();
+    static const TCMenu<TCDebugMenuTPMS&, unsigned short> m_test14Menu;
     void m_Start_Test14_SetTvModeTest();
     void m_PrintMenu_Test14_SetTvModeTest();
     void m_RunSetTvModeTest(EAntennaMode antenna, unsigned short major, bool vc);
@@ -96,11 +111,13 @@ private:
 
     // Zoom windows.
     class TCZoomTest;
+    static const TCMenu<TCZoomTest&> m_zoomMenu;
     void m_ZoomControlTest();
     void m_PrintMenu_ZoomControlTest();
 
     // Guide data and scans.
     class TCEpgTest;
+    static const TCMenu<TCEpgTest&> m_epgMenu;
     /// False when a control object cannot be made.
     bool m_EpgDataFeeding();
 

@@ -15,7 +15,17 @@ void ReportReferenceCount(IReferenceCount& control)
     console::WriteLine("Reference count value is: " + std::to_string(count));
 }
 
-const TCMenu<IReferenceCount&> kReferenceCountMenu = {
+// This menu's own numbering of the HDMI inputs; anything else is the first.
+ESource SourceOfHDMIInput(int number)
+{
+    constexpr int sources[] = {SOURCE_HDMI1, SOURCE_HDMI2, SOURCE_HDMI3, SOURCE_HDMI4, 38, 39, 46, 47};
+    const auto index = static_cast<std::size_t>(number) - 1;
+    return static_cast<ESource>(sources[index < std::size(sources) ? index : 0]);
+}
+
+} // namespace
+
+const TCMenu<IReferenceCount&> TCDebugMenuTPMS::m_test1Menu = {
     tpms::Frame(),
     "\t[Test1 List - Reference Count]\t\n",
     {
@@ -23,7 +33,7 @@ const TCMenu<IReferenceCount&> kReferenceCountMenu = {
     },
 };
 
-const TCMenu<IAVControl&, int> kMuteMenu = {
+const TCMenu<IAVControl&, int> TCDebugMenuTPMS::m_test2Menu = {
     tpms::Frame(),
     "\t[Test1 List - Video Mute Control]\t\n",
     {
@@ -32,7 +42,7 @@ const TCMenu<IAVControl&, int> kMuteMenu = {
     },
 };
 
-const TCMenu<ISourceControl&, ESource> kHDMIMenu = {
+const TCMenu<ISourceControl&, ESource> TCDebugMenuTPMS::m_test3Menu = {
     tpms::Frame(),
     "\t[Test3 List - HDMI Analysis]\t\n",
     {
@@ -41,7 +51,7 @@ const TCMenu<ISourceControl&, ESource> kHDMIMenu = {
     },
 };
 
-const TCMenu<IServiceNavigation&> kDTVModeMenu = {
+const TCMenu<IServiceNavigation&> TCDebugMenuTPMS::m_test6Menu = {
     tpms::Frame(),
     "\t[Test6 List - DTV Mode Test]\t\n",
     {
@@ -64,16 +74,6 @@ const TCMenu<IServiceNavigation&> kDTVModeMenu = {
     },
 };
 
-// This menu's own numbering of the HDMI inputs; anything else is the first.
-ESource SourceOfHDMIInput(int number)
-{
-    constexpr int sources[] = {SOURCE_HDMI1, SOURCE_HDMI2, SOURCE_HDMI3, SOURCE_HDMI4, 38, 39, 46, 47};
-    const auto index = static_cast<std::size_t>(number) - 1;
-    return static_cast<ESource>(sources[index < std::size(sources) ? index : 0]);
-}
-
-} // namespace
-
 void TCDebugMenuTPMS::m_Start_Test1_ReferenceCount()
 {
     TVSHandle handle;
@@ -83,10 +83,11 @@ void TCDebugMenuTPMS::m_Start_Test1_ReferenceCount()
     const auto control = CreateControl("CreateReferenceCount failed\n", TVServiceAPI::CreateReferenceCount,
                                        handle.profile, handle.screenId);
     if (control)
-        m_RunMenu(kReferenceCountMenu, tpms::kCommandPrompt, tpms::Ignore, *control);
+        m_RunMenu([this] { m_PrintMenu_Test1_ReferenceCount(); },
+                  [&](int command) { return m_test1Menu.Dispatch(command, tpms::Ignore, *control); });
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test1_ReferenceCount() { tpms::PrintMenu(kReferenceCountMenu); }
+void TCDebugMenuTPMS::m_PrintMenu_Test1_ReferenceCount() { tpms::PrintMenu(m_test1Menu); }
 
 void TCDebugMenuTPMS::m_Start_Test2_MuteControl()
 {
@@ -96,46 +97,37 @@ void TCDebugMenuTPMS::m_Start_Test2_MuteControl()
         return;
     const auto control =
         CreateControl("CreateAVControl failed\n", TVServiceAPI::CreateAVControl, handle.profile, handle.screenId);
-    while (control && !console::InputEnded()) {
-        m_PrintMenu_Test2_MuteControl();
-        const int command = m_SelectCmd(tpms::kCommandPrompt);
-        if (command == tpms::kNoAnswer)
-            continue;
-        const int on = m_SelectCmd("Off:0 / On:1 "); // asked for every command, 99 included
-        if (on == tpms::kNoAnswer)
-            continue;
-        if (command == kMenuExit)
-            return;
-        if (const auto* row = kMuteMenu.Find(command))
-            row->run(*control, on);
-    }
+    if (control)
+        m_RunMenu([this] { m_PrintMenu_Test2_MuteControl(); },
+                  [&](int command) {
+                      const int on = m_SelectCmd("Off:0 / On:1 "); // asked for every command, 99 included
+                      return on == tpms::kNoAnswer || m_test2Menu.Dispatch(command, tpms::Ignore, *control, on);
+                  });
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test2_MuteControl() { tpms::PrintMenu(kMuteMenu); }
+void TCDebugMenuTPMS::m_PrintMenu_Test2_MuteControl() { tpms::PrintMenu(m_test2Menu); }
 
 void TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis()
 {
     const auto control = tpms::CreateSourceControl();
-    while (control) {
-        const ESource source = SourceOfHDMIInput(m_SelectCmd(" [HDMI 1~6] select num> "));
-        if (console::InputEnded())
-            return;
-        m_PrintMenu_Test3_HDMIAnalysis();
-        const int command = m_SelectCmd(tpms::kCommandPrompt);
-        if (const auto* row = kHDMIMenu.Find(command))
-            row->run(*control, source);
-        else if (command != tpms::kNoAnswer || console::InputEnded())
-            return; // any number without a row
-    }
+    ESource source = SOURCE_HDMI1; // asked for before every command
+    if (control)
+        m_RunMenu(
+            [&] {
+                source = SourceOfHDMIInput(m_SelectCmd(" [HDMI 1~6] select num> "));
+                m_PrintMenu_Test3_HDMIAnalysis();
+            },
+            [&](int command) { return m_test3Menu.Dispatch(command, tpms::Leave, *control, source); });
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test3_HDMIAnalysis() { tpms::PrintMenu(kHDMIMenu); }
+void TCDebugMenuTPMS::m_PrintMenu_Test3_HDMIAnalysis() { tpms::PrintMenu(m_test3Menu); }
 
 void TCDebugMenuTPMS::m_Start_Test6_SetDTVMode()
 {
     const auto navigation = tpms::CreateServiceNavigation();
     if (navigation)
-        m_RunMenu(kDTVModeMenu, tpms::kCommandPrompt, tpms::Leave, *navigation);
+        m_RunMenu([this] { m_PrintMenu_Test6_SetDTVMode(); },
+                  [&](int command) { return m_test6Menu.Dispatch(command, tpms::Leave, *navigation); });
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test6_SetDTVMode() { tpms::PrintMenu(kDTVModeMenu); }
+void TCDebugMenuTPMS::m_PrintMenu_Test6_SetDTVMode() { tpms::PrintMenu(m_test6Menu); }

@@ -14,7 +14,6 @@ namespace tpms
 
 constexpr int kNoAnswer = -1;               // what m_SelectCmd returns for anything but a number
 constexpr unsigned short kNoMajor = 0xFFFF; // the same of m_SelectMajor
-constexpr const char* kCommandPrompt = "cmd> ";
 
 inline const TSMenuFrame& Frame()
 {
@@ -22,8 +21,12 @@ inline const TSMenuFrame& Frame()
     return frame;
 }
 
-/// Prints a menu; an empty line follows it.
-template <class Menu> void PrintMenu(const Menu& menu) { console::WriteLine(menu.Text()); }
+/// Prints a test's menu and an empty line. After the end of input, only the main menus are printed once more.
+template <class Menu> void PrintMenu(const Menu& menu)
+{
+    if (!console::InputEnded())
+        console::WriteLine(menu.Text());
+}
 
 inline TCControl<ISourceControl> CreateSourceControl(EProfile profile = PROFILE_MAIN)
 {
@@ -50,10 +53,10 @@ inline TCControl<IVideoControl> CreateVideoControl(EProfile profile)
     return CreateControl("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0);
 }
 
-/// What a menu does with a number that it does not have; the result says whether it goes on.
+/// What a menu does with a number that it does not have; returns whether the menu goes on.
 inline bool Ignore(int /*number*/) { return true; }
 inline bool Leave(int /*number*/) { return false; }
-inline bool Refuse(int number)
+inline bool PrintUnsupported(int number)
 {
     console::WriteLine("unsupported command: " + std::to_string(number));
     return true;
@@ -65,23 +68,7 @@ inline void ReportResult(const std::string& label, int result)
     console::WriteLine((result == 1 ? "Succesfully called " : "Fail to ") + label + ", ret=" + std::to_string(result));
 }
 
-/// Says for which channel a lookup failed, on the line that it has begun.
+/// Completes the line of a failed lookup with the channel.
 inline void ReportMajor(int major) { console::WriteLine(" for major=" + std::to_string(major)); }
 
 } // namespace tpms
-
-template <class Menu, class... Arguments>
-void TCDebugMenuTPMS::m_RunMenu(const Menu& menu, const char* prompt, bool (*onUnknown)(int number),
-                                Arguments&... arguments)
-{
-    while (!console::InputEnded()) {
-        tpms::PrintMenu(menu);
-        const int answer = m_SelectCmd(prompt);
-        if (answer == kMenuExit)
-            return;
-        if (const auto* row = menu.Find(answer))
-            row->run(arguments...);
-        else if (answer != tpms::kNoAnswer && !onUnknown(answer))
-            return;
-    }
-}

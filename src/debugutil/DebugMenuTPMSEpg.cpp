@@ -46,9 +46,6 @@ public:
     {
     }
 
-    static const TCMenu<TCEpgTest&>& Menu();
-
-private:
     void ListPrograms();
     void CheckTuneAround();
     void StartTuneAround();
@@ -57,8 +54,9 @@ private:
     void StartBarkerChannelScan();
     void StopBarkerChannelScan();
 
-    void AddSignals(const std::vector<ESignalType>& signals);
-    void RemoveSignals(const std::vector<ESignalType>& signals);
+private:
+    void m_AddSignals(const std::vector<ESignalType>& signals);
+    void m_RemoveSignals(const std::vector<ESignalType>& signals);
 
     TCDebugMenuTPMS& m_menu;
     IScanControl& m_scan;
@@ -66,23 +64,19 @@ private:
     IServiceNavigation& m_navigation;
 };
 
-const TCMenu<TCDebugMenuTPMS::TCEpgTest&>& TCDebugMenuTPMS::TCEpgTest::Menu()
-{
-    static const TCMenu<TCEpgTest&> table = {
-        tpms::Frame(),
-        "\t[Test18 List - Epg Data Feeding]\t\n",
-        {
-            {1, " 1. Check if programs available\n", &TCEpgTest::ListPrograms},
-            {2, " 2. Is Tune Around Needed\n", &TCEpgTest::CheckTuneAround},
-            {3, " 3. Start Tune Around\n", &TCEpgTest::StartTuneAround},
-            {4, " 4. Stop Tune Around\n", &TCEpgTest::StopTuneAround},
-            {5, " 5. Is Barker Channel scan available\n", &TCEpgTest::CheckBarkerChannelScan},
-            {6, " 6. Start Barker Channel scan\n", &TCEpgTest::StartBarkerChannelScan},
-            {7, " 7. Stop Barker Channel scan\n", &TCEpgTest::StopBarkerChannelScan},
-        },
-    };
-    return table;
-}
+const TCMenu<TCDebugMenuTPMS::TCEpgTest&> TCDebugMenuTPMS::m_epgMenu = {
+    tpms::Frame(),
+    "\t[Test18 List - Epg Data Feeding]\t\n",
+    {
+        {1, " 1. Check if programs available\n", &TCEpgTest::ListPrograms},
+        {2, " 2. Is Tune Around Needed\n", &TCEpgTest::CheckTuneAround},
+        {3, " 3. Start Tune Around\n", &TCEpgTest::StartTuneAround},
+        {4, " 4. Stop Tune Around\n", &TCEpgTest::StopTuneAround},
+        {5, " 5. Is Barker Channel scan available\n", &TCEpgTest::CheckBarkerChannelScan},
+        {6, " 6. Start Barker Channel scan\n", &TCEpgTest::StartBarkerChannelScan},
+        {7, " 7. Stop Barker Channel scan\n", &TCEpgTest::StopBarkerChannelScan},
+    },
+};
 
 void TCDebugMenuTPMS::TCEpgTest::ListPrograms()
 {
@@ -116,7 +110,7 @@ void TCDebugMenuTPMS::TCEpgTest::CheckTuneAround()
 
 void TCDebugMenuTPMS::TCEpgTest::StartTuneAround()
 {
-    AddSignals(kTuneAroundSignals);
+    m_AddSignals(kTuneAroundSignals);
     TServiceList services;
     if (m_menu.m_GetServiceList(services, &m_navigation))
         ReportCall("\tcalled StartTuneAround, ret: ", m_scan.StartTuneAround(services, "DebugMenu"));
@@ -125,7 +119,7 @@ void TCDebugMenuTPMS::TCEpgTest::StartTuneAround()
 void TCDebugMenuTPMS::TCEpgTest::StopTuneAround()
 {
     ReportCall("\tcalled StopManualScan, ret: ", m_scan.StopManualScan());
-    RemoveSignals(kTuneAroundSignals);
+    m_RemoveSignals(kTuneAroundSignals);
 }
 
 void TCDebugMenuTPMS::TCEpgTest::CheckBarkerChannelScan()
@@ -135,7 +129,7 @@ void TCDebugMenuTPMS::TCEpgTest::CheckBarkerChannelScan()
 
 void TCDebugMenuTPMS::TCEpgTest::StartBarkerChannelScan()
 {
-    AddSignals(kBarkerChannelSignals);
+    m_AddSignals(kBarkerChannelSignals);
     ReportCall("\tcalled StartBarkerChannelScan, ret: ", m_scan.StartBarkerChannelScan("", CurrentMode()));
 }
 
@@ -143,10 +137,10 @@ void TCDebugMenuTPMS::TCEpgTest::StopBarkerChannelScan()
 {
     ReportCall("\tcalled StopBarkerChannelScan, ret: ", m_scan.StopBarkerChannelScan());
     std::this_thread::sleep_for(kLastSignals); // a last chance for what the scan reports as it stops
-    RemoveSignals(kBarkerChannelSignals);
+    m_RemoveSignals(kBarkerChannelSignals);
 }
 
-void TCDebugMenuTPMS::TCEpgTest::AddSignals(const std::vector<ESignalType>& signals)
+void TCDebugMenuTPMS::TCEpgTest::m_AddSignals(const std::vector<ESignalType>& signals)
 {
     if (m_menu.m_signalSubscriber == nullptr)
         return;
@@ -154,7 +148,7 @@ void TCDebugMenuTPMS::TCEpgTest::AddSignals(const std::vector<ESignalType>& sign
         m_menu.m_signalSubscriber->AddSignal(signal, 0, PROFILE_SCAN, 0, 0);
 }
 
-void TCDebugMenuTPMS::TCEpgTest::RemoveSignals(const std::vector<ESignalType>& signals)
+void TCDebugMenuTPMS::TCEpgTest::m_RemoveSignals(const std::vector<ESignalType>& signals)
 {
     if (m_menu.m_signalSubscriber == nullptr)
         return;
@@ -174,6 +168,7 @@ bool TCDebugMenuTPMS::m_EpgDataFeeding()
     if (!navigation)
         return false;
     TCEpgTest test(*this, *scan, *guide, *navigation);
-    m_RunMenu(TCEpgTest::Menu(), tpms::kCommandPrompt, tpms::Refuse, test);
+    m_RunMenu([] { tpms::PrintMenu(m_epgMenu); },
+              [&](int command) { return m_epgMenu.Dispatch(command, tpms::PrintUnsupported, test); });
     return true;
 }

@@ -6,6 +6,11 @@ namespace
 {
 
 constexpr int kReady = 1;
+constexpr const char* kApp1 = "org.ostrel.sigtunepreptest1";
+constexpr const char* kApp2 = "org.ostrel.sigtunepreptest2";
+
+// Wider rules than those of the other menus.
+const TSMenuFrame kWideFrame = {" " + std::string(86, '=') + "\n", " " + std::string(86, '-') + "\n"};
 
 void CheckPending(IPipelineUtility& utility, EStateChange kind)
 {
@@ -13,7 +18,9 @@ void CheckPending(IPipelineUtility& utility, EStateChange kind)
     utility.CheckPendingState(kind, pending);
 }
 
-const TCMenu<IPipelineUtility&, const std::string&> kPreparationMenu = {
+} // namespace
+
+const TCMenu<IPipelineUtility&, const std::string&> TCDebugMenuTPMS::m_test13Menu = {
     tpms::Frame(),
     "\t[Test13 List - Preparation Logic Test]\t\n",
     {
@@ -49,17 +56,16 @@ const TCMenu<IPipelineUtility&, const std::string&> kPreparationMenu = {
     },
 };
 
-} // namespace
-
 void TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest()
 {
     const auto utility = tpms::CreatePipelineUtility();
     const std::string application = "DebugMenuTPMS";
     if (utility)
-        m_RunMenu(kPreparationMenu, tpms::kCommandPrompt, tpms::Leave, *utility, application);
+        m_RunMenu([this] { m_PrintMenu_Test13_PreparationLogicTest(); },
+                  [&](int command) { return m_test13Menu.Dispatch(command, tpms::Leave, *utility, application); });
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test13_PreparationLogicTest() { tpms::PrintMenu(kPreparationMenu); }
+void TCDebugMenuTPMS::m_PrintMenu_Test13_PreparationLogicTest() { tpms::PrintMenu(m_test13Menu); }
 
 // Two simulated applications take part in changes of service.
 class TCDebugMenuTPMS::TCMechanismTest
@@ -67,50 +73,39 @@ class TCDebugMenuTPMS::TCMechanismTest
 public:
     TCMechanismTest(TCDebugMenuTPMS& menu, IPipelineUtility& utility) : m_menu(menu), m_utility(utility) {}
 
-    static const TCMenu<TCMechanismTest&>& Menu();
-
-    /// Withdraws both applications if a change waits for one of them.
-    void WithdrawPending();
-
-private:
     void Register(const std::string& application, const char* label);
     void Notify(const std::string& application, const char* label);
     void Unregister(const std::string& application, const char* label);
     void ReportPending();
+    /// Withdraws both applications if a change waits for one of them.
+    void WithdrawPending();
 
+private:
     TCDebugMenuTPMS& m_menu;
     IPipelineUtility& m_utility;
-    const std::string m_app1 = "org.ostrel.sigtunepreptest1";
-    const std::string m_app2 = "org.ostrel.sigtunepreptest2";
 };
 
-const TCMenu<TCDebugMenuTPMS::TCMechanismTest&>& TCDebugMenuTPMS::TCMechanismTest::Menu()
-{
-    // Wider rules than those of the other menus.
-    static const TSMenuFrame frame = {" " + std::string(86, '=') + "\n", " " + std::string(86, '-') + "\n"};
-    static const TCMenu<TCMechanismTest&> table = {
-        frame,
-        "\t      [Test18 List - SignalTunePreparationMechanism (AIR/CABLE/SAT)]\n",
-        {
-            {1, " 1. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App1)\n",
-             [](TCMechanismTest& test) { test.Register(test.m_app1, "RegisterForStateChange (App1)"); }},
-            {2, " 2. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App1)\n",
-             [](TCMechanismTest& test) { test.Notify(test.m_app1, "NotifyReceiverState (App1)"); }},
-            {3, " 3. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App1)\n",
-             [](TCMechanismTest& test) { test.Unregister(test.m_app1, "UnregisterFromStateChange (App1)"); }},
-            {frame.thick},
-            {4, " 4. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App2)\n",
-             [](TCMechanismTest& test) { test.Register(test.m_app2, "RegisterForStateChange (App2)"); }},
-            {5, " 5. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App2)\n",
-             [](TCMechanismTest& test) { test.Notify(test.m_app2, "NotifyReceiverState (App2)"); }},
-            {6, " 6. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App2)\n",
-             [](TCMechanismTest& test) { test.Unregister(test.m_app2, "UnregisterFromStateChange (App2)"); }},
-            {frame.thick},
-            {7, " 7. call [Main Handle] CheckPendingState(STATE_CHANGE_SERVICE) \n", &TCMechanismTest::ReportPending},
-        },
-    };
-    return table;
-}
+const TCMenu<TCDebugMenuTPMS::TCMechanismTest&> TCDebugMenuTPMS::m_test18Menu = {
+    kWideFrame,
+    "\t      [Test18 List - SignalTunePreparationMechanism (AIR/CABLE/SAT)]\n",
+    {
+        {1, " 1. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App1)\n",
+         [](TCMechanismTest& test) { test.Register(kApp1, "RegisterForStateChange (App1)"); }},
+        {2, " 2. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App1)\n",
+         [](TCMechanismTest& test) { test.Notify(kApp1, "NotifyReceiverState (App1)"); }},
+        {3, " 3. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App1)\n",
+         [](TCMechanismTest& test) { test.Unregister(kApp1, "UnregisterFromStateChange (App1)"); }},
+        {kWideFrame.thick},
+        {4, " 4. call [Main Handle] RegisterForStateChange(STATE_CHANGE_SERVICE) (App2)\n",
+         [](TCMechanismTest& test) { test.Register(kApp2, "RegisterForStateChange (App2)"); }},
+        {5, " 5. call [Main Handle] NotifyReadyForSetService(STATE_CHANGE_SERVICE) (App2)\n",
+         [](TCMechanismTest& test) { test.Notify(kApp2, "NotifyReceiverState (App2)"); }},
+        {6, " 6. call [Main Handle] UnregisterFromStateChange(STATE_CHANGE_SERVICE) (App2)\n",
+         [](TCMechanismTest& test) { test.Unregister(kApp2, "UnregisterFromStateChange (App2)"); }},
+        {kWideFrame.thick},
+        {7, " 7. call [Main Handle] CheckPendingState(STATE_CHANGE_SERVICE) \n", &TCMechanismTest::ReportPending},
+    },
+};
 
 void TCDebugMenuTPMS::TCMechanismTest::Register(const std::string& application, const char* label)
 {
@@ -150,8 +145,8 @@ void TCDebugMenuTPMS::TCMechanismTest::WithdrawPending()
     m_utility.CheckPendingState(STATE_CHANGE_SERVICE, pending);
     if (!pending)
         return;
-    m_utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, m_app1);
-    m_utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, m_app2);
+    m_utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, kApp1);
+    m_utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, kApp2);
 }
 
 void TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism()
@@ -160,8 +155,9 @@ void TCDebugMenuTPMS::m_Start_Test18_SignalTunePreparationMechanism()
     if (!utility)
         return;
     TCMechanismTest test(*this, *utility);
-    m_RunMenu(TCMechanismTest::Menu(), tpms::kCommandPrompt, tpms::Ignore, test);
+    m_RunMenu([this] { m_PrintMenu_Test18_SignalTunePreparationMechanism(); },
+              [&](int command) { return m_test18Menu.Dispatch(command, tpms::Ignore, test); });
     test.WithdrawPending();
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test18_SignalTunePreparationMechanism() { tpms::PrintMenu(TCMechanismTest::Menu()); }
+void TCDebugMenuTPMS::m_PrintMenu_Test18_SignalTunePreparationMechanism() { tpms::PrintMenu(m_test18Menu); }

@@ -28,59 +28,40 @@ void PreparePipeline(ISourceControl& control)
     control.ClaimPipeline();
 }
 
-const TCMenu<IServiceNavigation&, ISourceControl&> kInvalidServiceMenu = {
+} // namespace
+
+const TCMenu<TCDebugMenuTPMS&> TCDebugMenuTPMS::m_test7Menu = {
     tpms::Frame(),
-    "\t[Test20 List - InvalidServiceTest]\t\n",
+    "\t[Test7 List - SetSource]\t\n",
     {
-        {1, " 1. SetService(INVALID_SERVICE_ID)\n",
-         [](IServiceNavigation& navigation, ISourceControl&) { navigation.SetService(INVALID_SERVICE_ID, 0, 0, ""); }},
-        {2, " 2. SetSource(INVALID_SERVICE_ID)\n",
-         [](IServiceNavigation&, ISourceControl& control) { control.SetSource(SOURCE_TV, INVALID_SERVICE_ID, ""); }},
+        {1, " 1. call [Main Handle] ISourceControl::SetSource(TV Source)  \n",
+         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_TV); }},
+        {2, " 2. call [Main Handle] ISourceControl::SetSource(HDMI1 Source)  \n",
+         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_HDMI1); }},
+        {3, " 3. call [PIP Handle] ISourceControl::SetSource(TV Source) \n",
+         [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_PIP); }},
+        {4, " 4. call [Main Handle] ISourceControl::SetSource(Component1Source) \n",
+         [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_COMP1); }},
+        {5, " 5. call [Main Handle] ISourceControl::SetSource(TV Source, 0xfa0000000002002d) \n",
+         [](TCDebugMenuTPMS&) { SetServiceOnMain(kFixedServiceId); }},
+        {6, " 6. call [Clone Handle] ISourceControl::SetSource(TV Source) \n",
+         [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_MAIN); }},
+        {7, " 7. call [Clone Handle] ISourceControl::SetSource(HDMI Source) \n", &TCDebugMenuTPMS::m_SetSourceOnClone},
     },
 };
 
-} // namespace
-
-const TCMenu<TCDebugMenuTPMS&>& TCDebugMenuTPMS::m_Menu_Test7_SetSource()
-{
-    static const TCMenu<TCDebugMenuTPMS&> table = {
-        tpms::Frame(),
-        "\t[Test7 List - SetSource]\t\n",
-        {
-            {1, " 1. call [Main Handle] ISourceControl::SetSource(TV Source)  \n",
-             [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_TV); }},
-            {2, " 2. call [Main Handle] ISourceControl::SetSource(HDMI1 Source)  \n",
-             [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_HDMI1); }},
-            {3, " 3. call [PIP Handle] ISourceControl::SetSource(TV Source) \n",
-             [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_PIP); }},
-            {4, " 4. call [Main Handle] ISourceControl::SetSource(Component1Source) \n",
-             [](TCDebugMenuTPMS&) { SetSourceOnMain(SOURCE_COMP1); }},
-            {5, " 5. call [Main Handle] ISourceControl::SetSource(TV Source, 0xfa0000000002002d) \n",
-             [](TCDebugMenuTPMS&) { SetServiceOnMain(kFixedServiceId); }},
-            {6, " 6. call [Clone Handle] ISourceControl::SetSource(TV Source) \n",
-             [](TCDebugMenuTPMS& menu) { menu.m_SetServiceOnPipeline(PROFILE_MAIN); }},
-            {7, " 7. call [Clone Handle] ISourceControl::SetSource(HDMI Source) \n",
-             &TCDebugMenuTPMS::m_SetSourceOnClone},
-        },
-    };
-    return table;
-}
-
 void TCDebugMenuTPMS::m_Start_Test7_SetSource()
 {
-    while (!console::InputEnded()) {
-        m_PrintMenu_Test7_SetSource();
-        const int answer = m_SelectCmd(kSelectPrompt);
-        if (answer == kMenuExit || console::InputEnded())
-            return;
-        const auto* row = m_Menu_Test7_SetSource().Find(answer);
-        if (row == nullptr)
-            row = m_Menu_Test7_SetSource().Find(1); // what anything else stands for
-        row->run(*this);
-    }
+    // A number without a row does what row 1 does, and so does a word that is not a number (-1).
+    constexpr auto setSourceTV = [](int /*number*/) {
+        SetSourceOnMain(SOURCE_TV);
+        return true;
+    };
+    RunMenu([this] { m_PrintMenu_Test7_SetSource(); }, [this] { return std::optional(m_SelectCmd(kSelectPrompt)); },
+            [&](int command) { return m_test7Menu.Dispatch(command, setSourceTV, *this); });
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test7_SetSource() { tpms::PrintMenu(m_Menu_Test7_SetSource()); }
+void TCDebugMenuTPMS::m_PrintMenu_Test7_SetSource() { tpms::PrintMenu(m_test7Menu); }
 
 void TCDebugMenuTPMS::m_SetServiceOnPipeline(EProfile profile)
 {
@@ -116,27 +97,24 @@ void TCDebugMenuTPMS::m_BindWindow(EProfile profile)
         video->SetWindowId(windowId);
 }
 
-const TCMenu<TCDebugMenuTPMS&>& TCDebugMenuTPMS::m_Menu_Test17_SetPrevieSource()
-{
-    static const TCMenu<TCDebugMenuTPMS&> table = {
-        tpms::Frame(),
-        "\t[Test17 List - SetPreviewSource]\t\n",
-        {
-            {1, " 1. call [Main Handle] ISourceControl::SetPreviewSource(ESource)  \n",
-             [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(/*withService=*/false); }},
-            {2, " 2. call [Main Handle] ISourceControl::SetPreviewSource(ESource, Major)  \n",
-             [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(/*withService=*/true); }},
-        },
-    };
-    return table;
-}
+const TCMenu<TCDebugMenuTPMS&> TCDebugMenuTPMS::m_test17Menu = {
+    tpms::Frame(),
+    "\t[Test17 List - SetPreviewSource]\t\n",
+    {
+        {1, " 1. call [Main Handle] ISourceControl::SetPreviewSource(ESource)  \n",
+         [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(/*withService=*/false); }},
+        {2, " 2. call [Main Handle] ISourceControl::SetPreviewSource(ESource, Major)  \n",
+         [](TCDebugMenuTPMS& menu) { menu.m_SetPreviewSource(/*withService=*/true); }},
+    },
+};
 
 void TCDebugMenuTPMS::m_Start_Test17_SetPrevieSource()
 {
-    m_RunMenu(m_Menu_Test17_SetPrevieSource(), kSelectPrompt, tpms::Ignore, *this);
+    m_RunMenu([this] { m_PrintMenu_Test17_SetPrevieSource(); },
+              [this](int command) { return m_test17Menu.Dispatch(command, tpms::Ignore, *this); }, kSelectPrompt);
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test17_SetPrevieSource() { tpms::PrintMenu(m_Menu_Test17_SetPrevieSource()); }
+void TCDebugMenuTPMS::m_PrintMenu_Test17_SetPrevieSource() { tpms::PrintMenu(m_test17Menu); }
 
 void TCDebugMenuTPMS::m_SetPreviewSource(bool withService)
 {
@@ -169,6 +147,17 @@ void TCDebugMenuTPMS::m_SetPreviewSource(bool withService)
     tpms::ReportResult("SetPreviewSource", result);
 }
 
+const TCMenu<IServiceNavigation&, ISourceControl&> TCDebugMenuTPMS::m_invalidServiceMenu = {
+    tpms::Frame(),
+    "\t[Test20 List - InvalidServiceTest]\t\n",
+    {
+        {1, " 1. SetService(INVALID_SERVICE_ID)\n",
+         [](IServiceNavigation& navigation, ISourceControl&) { navigation.SetService(INVALID_SERVICE_ID, 0, 0, ""); }},
+        {2, " 2. SetSource(INVALID_SERVICE_ID)\n",
+         [](IServiceNavigation&, ISourceControl& control) { control.SetSource(SOURCE_TV, INVALID_SERVICE_ID, ""); }},
+    },
+};
+
 bool TCDebugMenuTPMS::m_InvalidServiceTest()
 {
     TCControl<ISourceControl> control; // released after the navigation, though made after it
@@ -178,7 +167,10 @@ bool TCDebugMenuTPMS::m_InvalidServiceTest()
     control = tpms::CreateSourceControl();
     if (!control)
         return false;
-    m_RunMenu(kInvalidServiceMenu, tpms::kCommandPrompt, tpms::Refuse, *navigation, *control);
+    m_RunMenu([] { tpms::PrintMenu(m_invalidServiceMenu); },
+              [&](int command) {
+                  return m_invalidServiceMenu.Dispatch(command, tpms::PrintUnsupported, *navigation, *control);
+              });
     return true;
 }
 

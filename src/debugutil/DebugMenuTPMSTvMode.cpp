@@ -3,61 +3,49 @@
 #include "debugutil/DebugMenuTPMSCommon.h"
 #include "debugutil/DebugMenuTPMSLookup.h"
 
-const TCMenu<TCDebugMenuTPMS&, unsigned short>& TCDebugMenuTPMS::m_Menu_Test14_SetTvModeTest()
-{
-    static const TCMenu<TCDebugMenuTPMS&, unsigned short> table = {
-        {tpms::Frame().thick, tpms::Frame().thin, /*thinUnderTitle=*/false},
-        "\t[Test14 List - SetTvMode with ServiceId Test]\t\n",
-        {
-            {" RF case:    \n"},
-            {1, " 1.  SetTvMode(Air, ch) \n",
-             [](TCDebugMenuTPMS& menu, unsigned short major) {
-                 menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/false);
-             }},
-            {2, " 2.  SetTvMode(Cable, ch) \n",
-             [](TCDebugMenuTPMS& menu, unsigned short major) {
-                 menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/false);
-             }},
-            {3, " 3.  SetTvMode(Satellite, ch) \n",
-             [](TCDebugMenuTPMS& menu, unsigned short major) {
-                 menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/false);
-             }},
-            {" VC case:    \n"},
-            {4, " 4.  SetTvMode(Air, ch) \n",
-             [](TCDebugMenuTPMS& menu, unsigned short major) {
-                 menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/true);
-             }},
-            {5, " 5.  SetTvMode(Cable, ch) \n",
-             [](TCDebugMenuTPMS& menu, unsigned short major) {
-                 menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/true);
-             }},
-            {6, " 6.  SetTvMode(Satellite, ch) \n",
-             [](TCDebugMenuTPMS& menu, unsigned short major) {
-                 menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/true);
-             }},
-        },
-    };
-    return table;
-}
+const TCMenu<TCDebugMenuTPMS&, unsigned short> TCDebugMenuTPMS::m_test14Menu = {
+    {tpms::Frame().thick, tpms::Frame().thin, /*thinUnderTitle=*/false},
+    "\t[Test14 List - SetTvMode with ServiceId Test]\t\n",
+    {
+        {" RF case:    \n"},
+        {1, " 1.  SetTvMode(Air, ch) \n",
+         [](TCDebugMenuTPMS& menu, unsigned short major) {
+             menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/false);
+         }},
+        {2, " 2.  SetTvMode(Cable, ch) \n",
+         [](TCDebugMenuTPMS& menu, unsigned short major) {
+             menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/false);
+         }},
+        {3, " 3.  SetTvMode(Satellite, ch) \n",
+         [](TCDebugMenuTPMS& menu, unsigned short major) {
+             menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/false);
+         }},
+        {" VC case:    \n"},
+        {4, " 4.  SetTvMode(Air, ch) \n",
+         [](TCDebugMenuTPMS& menu, unsigned short major) {
+             menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/true);
+         }},
+        {5, " 5.  SetTvMode(Cable, ch) \n",
+         [](TCDebugMenuTPMS& menu, unsigned short major) {
+             menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/true);
+         }},
+        {6, " 6.  SetTvMode(Satellite, ch) \n",
+         [](TCDebugMenuTPMS& menu, unsigned short major) {
+             menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/true);
+         }},
+    },
+};
 
 void TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest()
 {
-    while (!console::InputEnded()) {
-        m_PrintMenu_Test14_SetTvModeTest();
-        const int answer = m_SelectCmd(tpms::kCommandPrompt);
-        if (answer == tpms::kNoAnswer)
-            continue;
-        const unsigned short major = m_SelectMajor(); // asked for every answer, 99 included
-        if (major == tpms::kNoMajor)
-            continue;
-        const auto* row = m_Menu_Test14_SetTvModeTest().Find(answer);
-        if (row == nullptr)
-            return; // any number without a row
-        row->run(*this, major);
-    }
+    m_RunMenu([this] { m_PrintMenu_Test14_SetTvModeTest(); },
+              [this](int command) {
+                  const unsigned short major = m_SelectMajor(); // asked for every command, 99 included
+                  return major == tpms::kNoMajor || m_test14Menu.Dispatch(command, tpms::Leave, *this, major);
+              });
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_Test14_SetTvModeTest() { tpms::PrintMenu(m_Menu_Test14_SetTvModeTest()); }
+void TCDebugMenuTPMS::m_PrintMenu_Test14_SetTvModeTest() { tpms::PrintMenu(m_test14Menu); }
 
 void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short major, bool vc)
 {

@@ -18,7 +18,7 @@ void ReportApiResult(const std::string& outcome, int result)
 
 std::string Bracketed(int value) { return "[" + std::to_string(value) + "]"; }
 
-bool RefuseCommand(int /*number*/)
+bool PrintUnsupported(int /*number*/)
 {
     console::WriteLine("Unsupported command!");
     return true;
@@ -32,9 +32,6 @@ class TCDebugMenuTPMS::TCZoomTest
 public:
     TCZoomTest(TCDebugMenuTPMS& menu, IZoomControl& zoom) : m_menu(menu), m_zoom(zoom) {}
 
-    static const TCMenu<TCZoomTest&>& Menu();
-
-private:
     using TWindowSwitch = int (IZoomControl::*)(std::vector<int> ids, bool on);
     using TWindowQuestion = int (IZoomControl::*)(int windowId, bool& answer);
 
@@ -47,36 +44,33 @@ private:
     void ResizeWindow();
     void ListWindows();
 
-    TSRectInfo ReadRect(const char* const (&prompts)[4]);
+private:
+    TSRectInfo m_ReadRect(const char* const (&prompts)[4]);
 
     TCDebugMenuTPMS& m_menu;
     IZoomControl& m_zoom;
 };
 
-const TCMenu<TCDebugMenuTPMS::TCZoomTest&>& TCDebugMenuTPMS::TCZoomTest::Menu()
-{
-    static const TCMenu<TCZoomTest&> table = {
-        tpms::Frame(),
-        "\t[Test19 List - IZoomControl]\t\n",
-        {
-            {1, " 1. Check if zoom available\n", &TCZoomTest::CheckAvailable},
-            {2, " 2. Check available zoom sharing type\n", &TCZoomTest::CheckSharingType},
-            {3, " 3. Create zoom window\n", &TCZoomTest::CreateWindow},
-            {4, " 4. Delete zoom window\n", &TCZoomTest::DeleteWindow},
-            {5, " 5. Set zoom window (ON/OFF)\n",
-             [](TCZoomTest& test) { test.SwitchWindow(&IZoomControl::SetZoomWindow, "Window set!"); }},
-            {6, " 6. Mute/unmute zoom window\n",
-             [](TCZoomTest& test) { test.SwitchWindow(&IZoomControl::MuteZoomWindow, "Window muted!"); }},
-            {7, " 7. Check if zoom window started\n",
-             [](TCZoomTest& test) { test.AskWindow(&IZoomControl::IsZoomWindowStarted, "Is window started"); }},
-            {8, " 8. Check if zoom window muted\n",
-             [](TCZoomTest& test) { test.AskWindow(&IZoomControl::IsZoomWindowMuted, "Is window muted"); }},
-            {9, " 9. Set zoom window src-dst\n", &TCZoomTest::ResizeWindow},
-            {10, " 10. Get connected zoom windows\n", &TCZoomTest::ListWindows},
-        },
-    };
-    return table;
-}
+const TCMenu<TCDebugMenuTPMS::TCZoomTest&> TCDebugMenuTPMS::m_zoomMenu = {
+    tpms::Frame(),
+    "\t[Test19 List - IZoomControl]\t\n",
+    {
+        {1, " 1. Check if zoom available\n", &TCZoomTest::CheckAvailable},
+        {2, " 2. Check available zoom sharing type\n", &TCZoomTest::CheckSharingType},
+        {3, " 3. Create zoom window\n", &TCZoomTest::CreateWindow},
+        {4, " 4. Delete zoom window\n", &TCZoomTest::DeleteWindow},
+        {5, " 5. Set zoom window (ON/OFF)\n",
+         [](TCZoomTest& test) { test.SwitchWindow(&IZoomControl::SetZoomWindow, "Window set!"); }},
+        {6, " 6. Mute/unmute zoom window\n",
+         [](TCZoomTest& test) { test.SwitchWindow(&IZoomControl::MuteZoomWindow, "Window muted!"); }},
+        {7, " 7. Check if zoom window started\n",
+         [](TCZoomTest& test) { test.AskWindow(&IZoomControl::IsZoomWindowStarted, "Is window started"); }},
+        {8, " 8. Check if zoom window muted\n",
+         [](TCZoomTest& test) { test.AskWindow(&IZoomControl::IsZoomWindowMuted, "Is window muted"); }},
+        {9, " 9. Set zoom window src-dst\n", &TCZoomTest::ResizeWindow},
+        {10, " 10. Get connected zoom windows\n", &TCZoomTest::ListWindows},
+    },
+};
 
 void TCDebugMenuTPMS::TCZoomTest::CheckAvailable()
 {
@@ -94,9 +88,9 @@ void TCDebugMenuTPMS::TCZoomTest::CheckSharingType()
 
 void TCDebugMenuTPMS::TCZoomTest::CreateWindow()
 {
-    const TSRectInfo source = ReadRect(kSourcePrompts);
-    const TSRectInfo destination = ReadRect(kDestinationPrompts);
-    const TSRectInfo main = ReadRect(kMainPrompts);
+    const TSRectInfo source = m_ReadRect(kSourcePrompts);
+    const TSRectInfo destination = m_ReadRect(kDestinationPrompts);
+    const TSRectInfo main = m_ReadRect(kMainPrompts);
     if (console::InputEnded())
         return;
     int handle = -1;
@@ -107,7 +101,7 @@ void TCDebugMenuTPMS::TCZoomTest::CreateWindow()
 void TCDebugMenuTPMS::TCZoomTest::DeleteWindow()
 {
     const int id = m_menu.m_SelectCmd(kWindowPrompt);
-    const TSRectInfo main = ReadRect(kMainPrompts);
+    const TSRectInfo main = m_ReadRect(kMainPrompts);
     if (!console::InputEnded())
         ReportApiResult("Window destroy!", m_zoom.DeleteZoomWindow({id}, main));
 }
@@ -133,9 +127,9 @@ void TCDebugMenuTPMS::TCZoomTest::AskWindow(TWindowQuestion operation, const cha
 void TCDebugMenuTPMS::TCZoomTest::ResizeWindow()
 {
     const int id = m_menu.m_SelectCmd(kWindowPrompt);
-    const TSRectInfo source = ReadRect(kSourcePrompts);
-    const TSRectInfo destination = ReadRect(kDestinationPrompts);
-    const TSRectInfo main = ReadRect(kMainPrompts);
+    const TSRectInfo source = m_ReadRect(kSourcePrompts);
+    const TSRectInfo destination = m_ReadRect(kDestinationPrompts);
+    const TSRectInfo main = m_ReadRect(kMainPrompts);
     if (!console::InputEnded())
         ReportApiResult("Window size updated!", m_zoom.UpdateZoomWindowSize(id, source, destination, main));
 }
@@ -151,7 +145,7 @@ void TCDebugMenuTPMS::TCZoomTest::ListWindows()
     console::WriteLine("Connected window ids = [" + list + "]");
 }
 
-TSRectInfo TCDebugMenuTPMS::TCZoomTest::ReadRect(const char* const (&prompts)[4])
+TSRectInfo TCDebugMenuTPMS::TCZoomTest::m_ReadRect(const char* const (&prompts)[4])
 {
     TSRectInfo rectangle;
     rectangle.x = m_menu.m_SelectCmd(prompts[0]);
@@ -168,7 +162,8 @@ void TCDebugMenuTPMS::m_ZoomControlTest()
     if (!zoom)
         return;
     TCZoomTest test(*this, *zoom);
-    m_RunMenu(TCZoomTest::Menu(), tpms::kCommandPrompt, RefuseCommand, test);
+    m_RunMenu([this] { m_PrintMenu_ZoomControlTest(); },
+              [&](int command) { return m_zoomMenu.Dispatch(command, PrintUnsupported, test); });
 }
 
-void TCDebugMenuTPMS::m_PrintMenu_ZoomControlTest() { tpms::PrintMenu(TCZoomTest::Menu()); }
+void TCDebugMenuTPMS::m_PrintMenu_ZoomControlTest() { tpms::PrintMenu(m_zoomMenu); }

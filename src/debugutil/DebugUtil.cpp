@@ -4,6 +4,7 @@
 #include "debugmenu/DebugMenuUtility.h"
 #include "debugutil/Console.h"
 #include "debugutil/HandlePrompt.h"
+#include "debugutil/Menu.h"
 #include "debugutil/TerminationSignals.h"
 
 #include <algorithm>
@@ -68,40 +69,40 @@ std::string MenuText(const std::vector<TSMenuOption>& options)
 
 void TCDebugUtil::StartMenu()
 {
-    std::string word;
     console::WriteLine("DebugUtil");
     while (!m_exitDebugMenu) {
         if (m_isDebugUtilMenu)
-            m_RunLocalPass(word);
+            m_RunLocalMenu();
         else
-            m_RunRemotePass(word);
+            m_RunRemotePass();
     }
 }
 
-void TCDebugUtil::m_RunLocalPass(std::string& word)
+void TCDebugUtil::m_RunLocalMenu()
 {
     static const std::string menu = MenuText(m_debugUtilMenu);
-    console::Write(menu);
-    if (!console::Ask("cmd> ", word)) {
+    RunMenu([] { console::Write(menu); }, AskCommand, m_RunOption);
+    if (console::InputEnded())
         ExitAction();
-        return;
-    }
-    if (!TCDebugMenuUtility::IsNumber(word))
-        return;
-    const std::int32_t number = console::ToNumber(word);
+}
+
+bool TCDebugUtil::m_RunOption(std::int32_t number)
+{
     const auto option = std::find_if(m_debugUtilMenu.begin(), m_debugUtilMenu.end(),
                                      [number](const TSMenuOption& candidate) { return candidate.id == number; });
     if (option == m_debugUtilMenu.end()) {
         console::WriteLine("Option was not recognised " + std::to_string(number));
-        return;
+        return true;
     }
     console::WriteLine("executing: " + option->name);
     RunAction(option->name, option->action);
+    return m_isDebugUtilMenu && !m_exitDebugMenu;
 }
 
-void TCDebugUtil::m_RunRemotePass(std::string& word)
+void TCDebugUtil::m_RunRemotePass()
 {
     console::Write(m_response);
+    std::string word;
     std::int32_t result = 0;
     if (console::ReadWord(word))
         RunAction("TVS", [&] { result = tvsDebug.Execute(word, m_response); });

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+template <class... Arguments> class TCMenu;
+
 /// One option of the top-level menu.
 struct TSMenuOption {
     std::int32_t id;
@@ -31,7 +33,7 @@ public:
     static void ExitAction();
     /// Option "TVS HT Debug": hands the console to the HT plug-in.
     static void OpenDebughtLibAction();
-    /// The options that are not there yet.
+    /// The options that are not implemented.
     static void PrintUnimplemantedWarningAction();
     /// Option "TVS Debug": runs the TVS debug menu until 99 or the end of input; true. An exception of the TV service
     /// passes.
@@ -47,12 +49,14 @@ public:
     static int SignalReceivedCallback(ESignalType type, TSSignalData data, void* userData);
 
 private:
-    static void m_RunLocalPass(std::string& word);
-    static void m_RunRemotePass(std::string& word);
+    static void m_RunLocalMenu();
+    static bool m_RunOption(std::int32_t number);
+    static void m_RunRemotePass();
 
     static bool m_isDebugUtilMenu; // false: the remote menu has the console
     static bool m_exitDebugMenu;
     static std::string m_response; // the remote menu's last screen
     static TCDebugPrintControlProxy tvsDebug;
     static const std::vector<TSMenuOption> m_debugUtilMenu;
+    static const TCMenu<> m_tvsDebugMenu;
 };

@@ -171,7 +171,9 @@ void GetPIDSetStatus()
     console::Write(std::string(kLongStars) + "*****GetPIDSetStatus[" + (set ? "1" : "0") + "]*****\n" + kLongStars);
 }
 
-const TCMenu<> kMenu = {
+} // namespace
+
+const TCMenu<> TCDebugUtil::m_tvsDebugMenu = {
     {TCDebugMenuUtility::thickLine, TCDebugMenuUtility::thinLine},
     "\t[Process Debug List]\t\n",
     {
@@ -190,26 +192,12 @@ const TCMenu<> kMenu = {
     },
 };
 
-} // namespace
-
-std::string TCDebugUtil::CreateTVSDebugMenu() { return kMenu.Text(); }
+std::string TCDebugUtil::CreateTVSDebugMenu() { return m_tvsDebugMenu.Text(); }
 
 bool TCDebugUtil::TVSDebugFunction()
 {
-    std::string word;
     console::WriteLine("DebugUtil");
-    for (;;) {
-        console::Write(CreateTVSDebugMenu());
-        if (!console::Ask("cmd> ", word))
-            return true;
-        if (!TCDebugMenuUtility::IsNumber(word))
-            continue;
-        const std::int32_t number = console::ToNumber(word);
-        if (number == kMenuExit)
-            return true;
-        if (const auto* command = kMenu.Find(number))
-            command->run();
-        else
-            console::WriteLine("Command not recognized");
-    }
+    RunMenu([] { console::Write(CreateTVSDebugMenu()); }, AskCommand,
+            [](int command) { return m_tvsDebugMenu.Dispatch(command, PrintUnrecognized); });
+    return true;
 }

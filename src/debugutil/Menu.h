@@ -1,8 +1,13 @@
-// A debug menu is a table: the same rows print it and run what is chosen.
+// A debug menu is a table and the loop around it: the same rows print it and run what is chosen.
 #pragma once
 
+#include "debugmenu/DebugMenuUtility.h"
+#include "debugutil/Console.h"
+
 #include <algorithm>
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -48,16 +53,48 @@ public:
     /// The whole menu with its way out.
     const std::string& Text() const { return m_text; }
 
-    /// The row that runs something for that number, or null.
-    const TSMenuRow<Arguments...>* Find(int number) const
+    /// Runs the row of that number; without one, does what `onUnknown` does. Returns whether the menu goes on.
+    bool Dispatch(int number, bool (*onUnknown)(int number), Arguments... arguments) const
     {
+        if (number == kMenuExit)
+            return false;
         const auto found = std::find_if(m_rows.begin(), m_rows.end(), [number](const auto& row) {
             return row.number == number && row.run != nullptr;
         });
-        return found == m_rows.end() ? nullptr : &*found;
+        if (found == m_rows.end())
+            return onUnknown(number);
+        found->run(arguments...);
+        return true;
     }
 
 private:
     std::vector<TSMenuRow<Arguments...>> m_rows;
     std::string m_text;
 };
+
+/// What the main menus do with a number that they do not have.
+inline bool PrintUnrecognized(int /*number*/)
+{
+    console::WriteLine("Command not recognized");
+    return true;
+}
+
+/// Asks for a command of the shell; none if the word is not a number, and at the end of input.
+inline std::optional<std::int32_t> AskCommand()
+{
+    std::string word;
+    if (!console::Ask("cmd> ", word) || !TCDebugMenuUtility::IsNumber(word))
+        return std::nullopt;
+    return console::ToNumber(word);
+}
+
+/// The loop of every menu: prints it, reads a number (none: a word that is not one) and dispatches it, until `dispatch`
+/// returns false or the input ends.
+template <class Print, class Read, class Dispatch> void RunMenu(Print print, Read read, Dispatch dispatch)
+{
+    std::optional<int> number;
+    do {
+        print();
+        number = read();
+    } while (!console::InputEnded() && (!number || dispatch(*number)));
+}

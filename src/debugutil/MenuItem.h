@@ -62,7 +62,7 @@ public:
         if (m_pContainer == nullptr)
             return true;
         for (Element& element : *m_pContainer)
-            if (const auto node = m_pNodeCreator->CreateNode(AddressOf(element), sizeof(Element), -1, 1))
+            if (const auto node = m_pNodeCreator->CreateNode(m_AddressOf(element), sizeof(Element), -1, 1))
                 branch.AppendChild(std::move(*node));
         return true;
     }
@@ -74,14 +74,14 @@ public:
         const int kind = m_pNodeCreator->GetKind();
         if (kind == 7 || kind == 8)
             for (Element& element : *m_pContainer)
-                m_pNodeCreator->ReleaseElement(AddressOf(element));
+                m_pNodeCreator->ReleaseElement(m_AddressOf(element));
         m_pContainer->clear();
         for (TCTreeNode& child : branch.GetChildren()) {
             std::size_t byteSize = sizeof(Element);
             if (m_pNodeCreator->HasCountedElements())
                 byteSize *= child.GetElementCount(sizeof(Element));
             Element element;
-            m_pNodeCreator->FillElement(AddressOf(element), sizeof(Element), byteSize, child);
+            m_pNodeCreator->FillElement(m_AddressOf(element), sizeof(Element), byteSize, child);
             m_pContainer->push_back(element);
         }
         return true;
@@ -89,7 +89,7 @@ public:
 
 private:
     // Node creators know elements as marshalable objects.
-    static TIMarshalable* AddressOf(Element& element) { return &element; }
+    static TIMarshalable* m_AddressOf(Element& element) { return &element; }
 
     Container* m_pContainer;
     std::unique_ptr<TCMarshalableNodeCreator> m_pNodeCreator;
