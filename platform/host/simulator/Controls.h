@@ -1,4 +1,4 @@
-// The simulator's control objects: a factory for each interface.
+// What the simulator's control objects share. Each is a class with its factory in the same file.
 #pragma once
 
 #include "host/simulator/Simulator.h"
@@ -8,28 +8,15 @@
 namespace host
 {
 
-std::unique_ptr<ISourceControl> MakeSourceControl(const Pipeline& pipeline);
-std::unique_ptr<IAVControl> MakeAVControl(const Pipeline& pipeline);
-std::unique_ptr<IVideoControl> MakeVideoControl(const Pipeline& pipeline);
-std::unique_ptr<IZoomControl> MakeZoomControl(const Pipeline& pipeline);
-std::unique_ptr<ITunerControl> MakeTunerControl(const Pipeline& pipeline);
-std::unique_ptr<IDataControl> MakeDataControl(const Pipeline& pipeline);
-std::unique_ptr<IReferenceCount> MakeReferenceCount(const Pipeline& pipeline);
-std::unique_ptr<IPipelineUtility> MakePipelineUtility(const Pipeline& pipeline);
-std::unique_ptr<IServiceNavigation> MakeServiceNavigation(const Pipeline& pipeline);
-std::unique_ptr<IService> MakeService();
-std::unique_ptr<IServiceGuide> MakeServiceGuide();
-std::unique_ptr<IScanControl> MakeScanControl();
-
-/// What the controls have in common: the television, and the pipeline of those that have one.
+/// The base of a control object: the simulator, and the pipeline of those that have one.
 template <class Interface> class Control : public Interface
 {
 public:
     explicit Control(const Pipeline& pipeline = {}) : m_pipeline(pipeline) {}
 
 protected:
-    /// A call that succeeds and changes nothing that can be asked for.
-    template <class... Arguments> int Accept(Op operation, const Arguments&... arguments)
+    /// A call that succeeds and has no effect that can be read back.
+    template <class... Arguments> int m_Accept(Op operation, const Arguments&... arguments)
     {
         return m_tv.Call(operation, With(arguments...), [](Outputs&) { return 1; });
     }
@@ -37,5 +24,20 @@ protected:
     Simulator& m_tv = Simulator::Instance();
     const Pipeline m_pipeline;
 };
+
+/// The call of a factory: makes an Object for that profile and screen id, or for no pipeline if there are none.
+template <class Object, class Interface, class... ProfileAndScreenId>
+int Create(Op factory, Interface** written, ProfileAndScreenId... arguments)
+{
+    Simulator& simulator = Simulator::Instance();
+    return simulator.Call(factory, With(arguments...), [&](Outputs&) {
+        const Pipeline pipeline{arguments...};
+        auto object = std::make_unique<Object>(pipeline);
+        const ITvsSession* key = *written = object.get();
+        simulator.controls[key] = {std::move(object), factory,
+                                   sizeof...(arguments) == 0 ? std::nullopt : std::optional(pipeline)};
+        return 0;
+    });
+}
 
 } // namespace host

@@ -1,4 +1,4 @@
-// A pipeline as it was asked for.
+// A pipeline as callers name it.
 #pragma once
 
 #include "tvs-api/Types.h"
@@ -8,7 +8,7 @@
 namespace host
 {
 
-/// Factories take screen ids of 32 bits, and the television keeps them apart; signals and status know 16 of them.
+/// Factories take screen ids of 32 bits, all of them different pipelines; signals and status carry the low 16 bits.
 struct Pipeline {
     EProfile profile = PROFILE_MAIN;
     std::int32_t screenId = 0;

@@ -16,22 +16,22 @@ public:
     int SetSource(ESource source, const std::string& options) override
     {
         return m_tv.Call(Op::ISourceControl_SetSource, With(source, options),
-                         [&](Outputs&) { return Switch(source, {}); });
+                         [&](Outputs&) { return m_Switch(source, {}); });
     }
     int SetSource(ESource source, unsigned long long serviceId, const std::string& options) override
     {
         return m_tv.Call(Op::ISourceControl_SetSource, With(source, serviceId, options),
-                         [&](Outputs&) { return Switch(source, serviceId); });
+                         [&](Outputs&) { return m_Switch(source, serviceId); });
     }
     int SetPreviewSource(ESource source, const std::string& options) override
     {
         return m_tv.Call(Op::ISourceControl_SetPreviewSource, With(source, options),
-                         [&](Outputs&) { return Switch(source, {}); });
+                         [&](Outputs&) { return m_Switch(source, {}); });
     }
     int SetPreviewSource(ESource source, unsigned long long serviceId, const std::string& options) override
     {
         return m_tv.Call(Op::ISourceControl_SetPreviewSource, With(source, serviceId, options),
-                         [&](Outputs&) { return Switch(source, serviceId); });
+                         [&](Outputs&) { return m_Switch(source, serviceId); });
     }
     int GetSource(ESource& source) override
     {
@@ -41,23 +41,23 @@ public:
             return 1;
         });
     }
-    int StopCurrentSource() override { return Accept(Op::ISourceControl_StopCurrentSource); }
-    int ReleaseDecoders() override { return Accept(Op::ISourceControl_ReleaseDecoders); }
-    int ClaimPipeline() override { return Accept(Op::ISourceControl_ClaimPipeline); }
+    int StopCurrentSource() override { return m_Accept(Op::ISourceControl_StopCurrentSource); }
+    int ReleaseDecoders() override { return m_Accept(Op::ISourceControl_ReleaseDecoders); }
+    int ClaimPipeline() override { return m_Accept(Op::ISourceControl_ClaimPipeline); }
     int StartSourceMonitoring(ESource source) override
     {
-        return Accept(Op::ISourceControl_StartSourceMonitoring, source);
+        return m_Accept(Op::ISourceControl_StartSourceMonitoring, source);
     }
     int StopSourceMonitoring(ESource source) override
     {
-        return Accept(Op::ISourceControl_StopSourceMonitoring, source);
+        return m_Accept(Op::ISourceControl_StopSourceMonitoring, source);
     }
-    int SetSoundOnVideoCall(bool on) override { return Accept(Op::ISourceControl_SetSoundOnVideoCall, on); }
-    int StartHDMIAnalysis(ESource source) override { return Accept(Op::ISourceControl_StartHDMIAnalysis, source); }
-    int StopHDMIAnalysis(ESource source) override { return Accept(Op::ISourceControl_StopHDMIAnalysis, source); }
+    int SetSoundOnVideoCall(bool on) override { return m_Accept(Op::ISourceControl_SetSoundOnVideoCall, on); }
+    int StartHDMIAnalysis(ESource source) override { return m_Accept(Op::ISourceControl_StartHDMIAnalysis, source); }
+    int StopHDMIAnalysis(ESource source) override { return m_Accept(Op::ISourceControl_StopHDMIAnalysis, source); }
 
 private:
-    int Switch(ESource source, std::optional<unsigned long long> serviceId)
+    int m_Switch(ESource source, std::optional<unsigned long long> serviceId)
     {
         m_tv.SetSource(m_pipeline, source, serviceId);
         return 1;
@@ -69,10 +69,10 @@ class AVControl : public Control<IAVControl>
 public:
     using Control::Control;
 
-    int MuteVideo(int on) override { return Accept(Op::IAVControl_MuteVideo, on); }
-    int MuteAudio(int on) override { return Accept(Op::IAVControl_MuteAudio, on); }
-    int SetAnalogCleanView(bool on) override { return Accept(Op::IAVControl_SetAnalogCleanView, on); }
-    int RestartVideoDecoder() override { return Accept(Op::IAVControl_RestartVideoDecoder); }
+    int MuteVideo(int on) override { return m_Accept(Op::IAVControl_MuteVideo, on); }
+    int MuteAudio(int on) override { return m_Accept(Op::IAVControl_MuteAudio, on); }
+    int SetAnalogCleanView(bool on) override { return m_Accept(Op::IAVControl_SetAnalogCleanView, on); }
+    int RestartVideoDecoder() override { return m_Accept(Op::IAVControl_RestartVideoDecoder); }
 };
 
 class VideoControl : public Control<IVideoControl>
@@ -82,13 +82,13 @@ public:
 
     int SetVideoSize(int x, int y, int height, int width) override
     {
-        return Accept(Op::IVideoControl_SetVideoSize, x, y, height, width);
+        return m_Accept(Op::IVideoControl_SetVideoSize, x, y, height, width);
     }
     int SetCropVideo(TSRectInfo source, TSRectInfo destination) override
     {
-        return Accept(Op::IVideoControl_SetCropVideo, source, destination);
+        return m_Accept(Op::IVideoControl_SetCropVideo, source, destination);
     }
-    int SetWindowId(const int& windowId) override { return Accept(Op::IVideoControl_SetWindowId, windowId); }
+    int SetWindowId(const int& windowId) override { return m_Accept(Op::IVideoControl_SetWindowId, windowId); }
 };
 
 class TunerControl : public Control<ITunerControl>
@@ -96,7 +96,7 @@ class TunerControl : public Control<ITunerControl>
 public:
     using Control::Control;
 
-    int CheckTunerSignalState() override { return Accept(Op::ITunerControl_CheckTunerSignalState); }
+    int CheckTunerSignalState() override { return m_Accept(Op::ITunerControl_CheckTunerSignalState); }
 };
 
 class DataControl : public Control<IDataControl>
@@ -185,37 +185,40 @@ public:
 };
 
 } // namespace
-
-std::unique_ptr<ISourceControl> MakeSourceControl(const Pipeline& pipeline)
-{
-    return std::make_unique<SourceControl>(pipeline);
-}
-
-std::unique_ptr<IAVControl> MakeAVControl(const Pipeline& pipeline) { return std::make_unique<AVControl>(pipeline); }
-
-std::unique_ptr<IVideoControl> MakeVideoControl(const Pipeline& pipeline)
-{
-    return std::make_unique<VideoControl>(pipeline);
-}
-
-std::unique_ptr<ITunerControl> MakeTunerControl(const Pipeline& pipeline)
-{
-    return std::make_unique<TunerControl>(pipeline);
-}
-
-std::unique_ptr<IDataControl> MakeDataControl(const Pipeline& pipeline)
-{
-    return std::make_unique<DataControl>(pipeline);
-}
-
-std::unique_ptr<IReferenceCount> MakeReferenceCount(const Pipeline& pipeline)
-{
-    return std::make_unique<ReferenceCount>(pipeline);
-}
-
-std::unique_ptr<IPipelineUtility> MakePipelineUtility(const Pipeline& pipeline)
-{
-    return std::make_unique<PipelineUtility>(pipeline);
-}
-
 } // namespace host
+
+int TVServiceAPI::CreateSourceControl(EProfile profile, int screenId, ISourceControl** control)
+{
+    return host::Create<host::SourceControl>(host::Op::TVServiceAPI_CreateSourceControl, control, profile, screenId);
+}
+
+int TVServiceAPI::CreateAVControl(EProfile profile, int screenId, IAVControl** control)
+{
+    return host::Create<host::AVControl>(host::Op::TVServiceAPI_CreateAVControl, control, profile, screenId);
+}
+
+int TVServiceAPI::CreateVideoControl(EProfile profile, int screenId, IVideoControl** control)
+{
+    return host::Create<host::VideoControl>(host::Op::TVServiceAPI_CreateVideoControl, control, profile, screenId);
+}
+
+int TVServiceAPI::CreateTunerControl(EProfile profile, int screenId, ITunerControl** control)
+{
+    return host::Create<host::TunerControl>(host::Op::TVServiceAPI_CreateTunerControl, control, profile, screenId);
+}
+
+int TVServiceAPI::CreateDataControl(EProfile profile, int screenId, IDataControl** control)
+{
+    return host::Create<host::DataControl>(host::Op::TVServiceAPI_CreateDataControl, control, profile, screenId);
+}
+
+int TVServiceAPI::CreateReferenceCount(EProfile profile, int screenId, IReferenceCount** count)
+{
+    return host::Create<host::ReferenceCount>(host::Op::TVServiceAPI_CreateReferenceCount, count, profile, screenId);
+}
+
+int TVServiceAPI::CreatePipelineUtility(EProfile profile, int screenId, IPipelineUtility** utility)
+{
+    return host::Create<host::PipelineUtility>(host::Op::TVServiceAPI_CreatePipelineUtility, utility, profile,
+                                               screenId);
+}

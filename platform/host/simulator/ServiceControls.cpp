@@ -14,6 +14,8 @@ constexpr Pipeline kScanPipeline{PROFILE_SCAN, 0};
 class Service : public Control<IService>
 {
 public:
+    using Control::Control;
+
     int FindService(const TCCriteriaHelper& criteria, TCServiceData& service, int count) override
     {
         return m_tv.Call(Op::IService_FindService, With(criteria, count), [&](Outputs&) {
@@ -55,7 +57,7 @@ public:
             return 1;
         });
     }
-    int SetDTVMode(EDTVMode mode, bool on) override { return Accept(Op::IServiceNavigation_SetDTVMode, mode, on); }
+    int SetDTVMode(EDTVMode mode, bool on) override { return m_Accept(Op::IServiceNavigation_SetDTVMode, mode, on); }
     int SetService(const unsigned long long& serviceId, int reserved1, int reserved2,
                    const std::string& options) override
     {
@@ -67,7 +69,7 @@ public:
     }
     int SetBootupService(const unsigned long long& serviceId, TSTvMode* mode, int reserved) override
     {
-        return Accept(Op::IServiceNavigation_SetBootupService, serviceId, mode, reserved);
+        return m_Accept(Op::IServiceNavigation_SetBootupService, serviceId, mode, reserved);
     }
     int FindServices(const TCCriteriaHelper& criteria, std::list<TCServiceData*>& services, TSTvMode mode,
                      int reserved1, int reserved2) override
@@ -80,25 +82,25 @@ public:
                                  auto record = std::make_unique<TCServiceData>();
                                  Simulator::Fetch(candidate, criteria, *record);
                                  services.push_back(record.get());
-                                 (void)record.release(); // the caller's from here on
+                                 (void)record.release(); // the caller owns it now
                              }
                              return 1;
                          });
     }
     int GetLatestRFServiceId(unsigned long long& serviceId, TSTvMode mode) override
     {
-        return WriteLatest(Op::IServiceNavigation_GetLatestRFServiceId, serviceId, mode, m_tv.Tv().latestRFCable,
-                           m_tv.Tv().latestRFAir);
+        return m_WriteLatest(Op::IServiceNavigation_GetLatestRFServiceId, serviceId, mode, m_tv.Tv().latestRFCable,
+                             m_tv.Tv().latestRFAir);
     }
     int GetLatestVelunaServiceId(unsigned long long& serviceId, TSTvMode mode) override
     {
-        return WriteLatest(Op::IServiceNavigation_GetLatestVelunaServiceId, serviceId, mode,
-                           m_tv.Tv().latestVelunaCable, m_tv.Tv().latestVelunaAir);
+        return m_WriteLatest(Op::IServiceNavigation_GetLatestVelunaServiceId, serviceId, mode,
+                             m_tv.Tv().latestVelunaCable, m_tv.Tv().latestVelunaAir);
     }
 
 private:
-    int WriteLatest(Op operation, unsigned long long& serviceId, const TSTvMode& mode,
-                    const std::optional<std::uint64_t>& cable, const std::optional<std::uint64_t>& air)
+    int m_WriteLatest(Op operation, unsigned long long& serviceId, const TSTvMode& mode,
+                      const std::optional<std::uint64_t>& cable, const std::optional<std::uint64_t>& air)
     {
         return m_tv.Call(operation, With(mode), [&](Outputs& outputs) {
             if (mode.antennaMode == ANTENNA_MODE_CABLE && cable)
@@ -113,6 +115,8 @@ private:
 class ServiceGuide : public Control<IServiceGuide>
 {
 public:
+    using Control::Control;
+
     int GetProgram(const unsigned long long& serviceId, TCProgramData& program) override
     {
         return m_tv.Call(Op::IServiceGuide_GetProgram, With(serviceId), [&](Outputs&) {
@@ -131,9 +135,11 @@ public:
 class ScanControl : public Control<IScanControl>
 {
 public:
+    using Control::Control;
+
     int IsTuneAroundNeeded(const TServiceList& services) override
     {
-        return Accept(Op::IScanControl_IsTuneAroundNeeded, services);
+        return m_Accept(Op::IScanControl_IsTuneAroundNeeded, services);
     }
     int StartTuneAround(const TServiceList& services, const std::string& application) override
     {
@@ -146,14 +152,14 @@ public:
                     data.bytes[i] = static_cast<unsigned char>(service.first >> (8 * i));
                 hub.Raise(SIGNAL_TUNE_AROUND_SERVICE_DONE, kScanPipeline, data);
             }
-            hub.Raise(SIGNAL_TUNE_AROUND_FINISHED, kScanPipeline, {}); // 0: to the end of the list
+            hub.Raise(SIGNAL_TUNE_AROUND_FINISHED, kScanPipeline, {}); // 0: completed
             return 1;
         });
     }
-    int StopManualScan() override { return Accept(Op::IScanControl_StopManualScan); }
+    int StopManualScan() override { return m_Accept(Op::IScanControl_StopManualScan); }
     int IsBarkerChannelScanAvailable(TSTvMode mode) override
     {
-        return Accept(Op::IScanControl_IsBarkerChannelScanAvailable, mode);
+        return m_Accept(Op::IScanControl_IsBarkerChannelScanAvailable, mode);
     }
     int StartBarkerChannelScan(const std::string& options, TSTvMode mode) override
     {
@@ -166,20 +172,29 @@ public:
             return 1;
         });
     }
-    int StopBarkerChannelScan() override { return Accept(Op::IScanControl_StopBarkerChannelScan); }
+    int StopBarkerChannelScan() override { return m_Accept(Op::IScanControl_StopBarkerChannelScan); }
 };
 
 } // namespace
+} // namespace host
 
-std::unique_ptr<IServiceNavigation> MakeServiceNavigation(const Pipeline& pipeline)
+int TVServiceAPI::CreateService(IService** service)
 {
-    return std::make_unique<ServiceNavigation>(pipeline);
+    return host::Create<host::Service>(host::Op::TVServiceAPI_CreateService, service);
 }
 
-std::unique_ptr<IService> MakeService() { return std::make_unique<Service>(); }
+int TVServiceAPI::CreateServiceNavigation(EProfile profile, int screenId, IServiceNavigation** navigation)
+{
+    return host::Create<host::ServiceNavigation>(host::Op::TVServiceAPI_CreateServiceNavigation, navigation, profile,
+                                                 screenId);
+}
 
-std::unique_ptr<IServiceGuide> MakeServiceGuide() { return std::make_unique<ServiceGuide>(); }
+int TVServiceAPI::CreateServiceGuide(IServiceGuide** guide)
+{
+    return host::Create<host::ServiceGuide>(host::Op::TVServiceAPI_CreateServiceGuide, guide);
+}
 
-std::unique_ptr<IScanControl> MakeScanControl() { return std::make_unique<ScanControl>(); }
-
-} // namespace host
+int TVServiceAPI::CreateScanControl(IScanControl** control)
+{
+    return host::Create<host::ScanControl>(host::Op::TVServiceAPI_CreateScanControl, control);
+}

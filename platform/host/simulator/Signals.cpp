@@ -17,7 +17,7 @@ namespace host
 namespace
 {
 
-constexpr std::chrono::seconds kLastWords(1);
+constexpr std::chrono::seconds kExitFlushTimeout(1); // a callback that hangs must not keep the process
 
 } // namespace
 
@@ -85,7 +85,7 @@ SignalHub& SignalHub::Instance()
     return hub;
 }
 
-std::vector<std::shared_ptr<SignalHub::Subscription>>::iterator SignalHub::Find(const SignalCallback& callback)
+std::vector<std::shared_ptr<SignalHub::Subscription>>::iterator SignalHub::m_Find(const SignalCallback& callback)
 {
     return std::find_if(m_subscriptions.begin(), m_subscriptions.end(),
                         [&](const auto& subscription) { return subscription->Callback() == callback; });
@@ -94,7 +94,7 @@ std::vector<std::shared_ptr<SignalHub::Subscription>>::iterator SignalHub::Find(
 ISignalSubscriber* SignalHub::Subscribe(SignalCallback callback)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    const auto found = Find(callback);
+    const auto found = m_Find(callback);
     if (found != m_subscriptions.end())
         return found->get();
     return m_subscriptions.emplace_back(std::make_shared<Subscription>(m_mutex, callback)).get();
@@ -105,7 +105,7 @@ void SignalHub::Unsubscribe(SignalCallback callback)
     std::shared_ptr<Subscription> ended;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const auto found = Find(callback);
+        const auto found = m_Find(callback);
         if (found == m_subscriptions.end())
             return;
         ended = std::move(*found);
@@ -138,30 +138,30 @@ void SignalHub::Raise(ESignalType type, const Pipeline& pipeline, const TSSignal
         (own ? m_ownEvents : m_mainEvents)
             .push_back({subscription, type, pipeline, given == scripted.end() ? data : given->second});
         if (own) {
-            StartDispatcher();
+            m_StartDispatcher();
             m_raised.notify_one();
         } else {
-            // The event itself waits in the queue, under the mutex; the source only says that there is one more.
+            // The event itself is in the queue, which the mutex guards; the source only makes the context run once more.
             GSource* source = g_idle_source_new();
             g_source_set_priority(source, G_PRIORITY_DEFAULT);
-            g_source_set_callback(source, DispatchOnMainContext, nullptr, nullptr);
+            g_source_set_callback(source, m_DispatchOnMainContext, nullptr, nullptr);
             g_source_attach(source, nullptr);
             g_source_unref(source);
         }
     }
 }
 
-void SignalHub::StartDispatcher()
+void SignalHub::m_StartDispatcher()
 {
     if (m_dispatcherStarted)
         return;
-    std::thread([this] { Dispatch(); }).detach();
-    // What was raised is still told when the program ends, as far as that does not take long.
-    std::atexit([] { Instance().WaitUntilDispatched(); });
+    std::thread([this] { m_Dispatch(); }).detach();
+    // Signals that are still queued when the program ends are delivered first, unless that takes too long.
+    std::atexit([] { Instance().m_WaitUntilDispatched(); });
     m_dispatcherStarted = true;
 }
 
-void SignalHub::Dispatch()
+void SignalHub::m_Dispatch()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     for (;;) {
@@ -177,14 +177,13 @@ void SignalHub::Dispatch()
     }
 }
 
-void SignalHub::WaitUntilDispatched()
+void SignalHub::m_WaitUntilDispatched()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    // A callback that hangs must not keep the process.
-    m_dispatched.wait_for(lock, kLastWords, [this] { return m_ownEvents.empty() && !m_dispatching; });
+    m_dispatched.wait_for(lock, kExitFlushTimeout, [this] { return m_ownEvents.empty() && !m_dispatching; });
 }
 
-int SignalHub::DispatchOnMainContext(void*)
+int SignalHub::m_DispatchOnMainContext(void*)
 {
     SignalHub& hub = Instance();
     std::unique_lock<std::mutex> lock(hub.m_mutex);

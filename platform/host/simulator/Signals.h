@@ -28,8 +28,8 @@ public:
     void Unsubscribe(SignalCallback callback);
     /// Ends every subscription and returns how many there were.
     std::size_t UnsubscribeAll();
-    /// Queues the signal for every subscription that has its type now, and returns. What it carries is the scenario's
-    /// where that says so.
+    /// Queues the signal for every subscription that has its type now, and returns. Data that the scenario sets for
+    /// the type replaces `data`.
     void Raise(ESignalType type, const Pipeline& pipeline, const TSSignalData& data);
 
 private:
@@ -42,11 +42,11 @@ private:
     };
 
     SignalHub() = default;
-    std::vector<std::shared_ptr<Subscription>>::iterator Find(const SignalCallback& callback);
-    void StartDispatcher();
-    void Dispatch();
-    void WaitUntilDispatched();
-    static int DispatchOnMainContext(void*);
+    std::vector<std::shared_ptr<Subscription>>::iterator m_Find(const SignalCallback& callback);
+    void m_StartDispatcher();
+    void m_Dispatch();
+    void m_WaitUntilDispatched();
+    static int m_DispatchOnMainContext(void*);
 
     std::mutex m_mutex; // guards all below, and the types of every subscription
     std::vector<std::shared_ptr<Subscription>> m_subscriptions;

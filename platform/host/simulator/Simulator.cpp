@@ -3,6 +3,7 @@
 #include "host/simulator/Signals.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace host
 {
@@ -30,7 +31,7 @@ Simulator& Simulator::Instance()
 void Simulator::Restart()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    static_cast<TelevisionState&>(*this) = {};
+    static_cast<SimulatorState&>(*this) = {};
     m_services.clear();
     for (const ScenarioService& service : Tv().services) {
         const auto id = service.tags.find(kServiceIdField);
@@ -39,11 +40,13 @@ void Simulator::Restart()
     }
 }
 
-const char* Simulator::InterfaceOf(const ITvsSession* control)
+std::string Simulator::InterfaceOf(const ITvsSession* control)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto found = controls.find(control);
-    return found == controls.end() ? "unknown" : found->second.interfaceName;
+    if (found == controls.end())
+        return "unknown";
+    return std::string(NameOf(found->second.factory)).replace(0, std::strlen("TVServiceAPI::Create"), "I");
 }
 
 const ScenarioService* Simulator::FindService(unsigned long long id) const

@@ -1,4 +1,4 @@
-// The state of the television that the simulator plays.
+// The state of the simulated TV service.
 #pragma once
 
 #include "host/call/Operation.h"
@@ -27,29 +27,29 @@ struct ZoomWindow {
     bool muted = false;
 };
 
-/// A control object that was handed out.
+/// A control object that a factory has made.
 struct LiveControl {
     std::unique_ptr<ITvsSession> object;
-    const char* interfaceName;
+    Op factory;
     std::optional<Pipeline> pipeline;
 };
 
-/// What the television remembers. It outlives the control objects that changed it.
-struct TelevisionState {
+/// What the TV service remembers. It outlives the control objects that changed it.
+struct SimulatorState {
     std::map<Pipeline, PipelineState> pipelines;
     std::map<int, ZoomWindow> zoomWindows;
     int lastZoomWindow = 0;
-    std::map<std::pair<EStateChange, std::string>, bool> registrations; ///< true: has reported
+    std::map<std::pair<EStateChange, std::string>, bool> registrations; ///< true: has notified
     std::unordered_map<const ITvsSession*, LiveControl> controls;
 };
 
-/// Made on first use and never destroyed. The state belongs to the work of a Call.
-class Simulator : public TelevisionState
+/// Made on first use and never destroyed. The state is read and changed only in the work of a Call.
+class Simulator : public SimulatorState
 {
 public:
     static Simulator& Instance();
 
-    /// Forgets everything and plays the host's scenario anew.
+    /// Forgets everything and starts anew with the host's scenario.
     void Restart();
 
     /// A platform call whose work uses the state; calls run one after the other.
@@ -60,8 +60,8 @@ public:
         return Operation(operation, arguments, std::forward<Work>(work));
     }
 
-    /// The name of the interface of an object that was handed out; "unknown" for any other.
-    const char* InterfaceOf(const ITvsSession* control);
+    /// The name of a control object's interface; "unknown" for what is not one.
+    std::string InterfaceOf(const ITvsSession* control);
 
     const Scenario& Tv() const { return Host::Instance().scenario; }
     /// The first service with that id, or null.

@@ -1,4 +1,4 @@
-// Zoom windows. An operation on a window that is not there returns 0 and does nothing.
+// Zoom windows. An operation on a window that does not exist returns 0 and does nothing.
 #include "host/simulator/Controls.h"
 
 #include <algorithm>
@@ -26,7 +26,7 @@ public:
     int DeleteZoomWindow(const std::vector<int>& ids, const TSRectInfo& main) override
     {
         return m_tv.Call(Op::IZoomControl_DeleteZoomWindow, With(ids, main), [&](Outputs&) {
-            if (!HasAll(ids))
+            if (!m_HasAll(ids))
                 return 0;
             for (const int id : ids)
                 m_tv.zoomWindows.erase(id);
@@ -36,23 +36,23 @@ public:
     int SetZoomWindow(std::vector<int> ids, bool on) override
     {
         return m_tv.Call(Op::IZoomControl_SetZoomWindow, With(ids, on),
-                         [&](Outputs&) { return Switch(ids, &ZoomWindow::started, on); });
+                         [&](Outputs&) { return m_Switch(ids, &ZoomWindow::started, on); });
     }
     int MuteZoomWindow(std::vector<int> ids, bool mute) override
     {
         return m_tv.Call(Op::IZoomControl_MuteZoomWindow, With(ids, mute),
-                         [&](Outputs&) { return Switch(ids, &ZoomWindow::muted, mute); });
+                         [&](Outputs&) { return m_Switch(ids, &ZoomWindow::muted, mute); });
     }
     int IsZoomWindowStarted(int windowId, bool& started) override
     {
         return m_tv.Call(Op::IZoomControl_IsZoomWindowStarted, With(windowId), [&](Outputs& outputs) {
-            return WithWindow(windowId, [&](const ZoomWindow& window) { outputs.Write(started, window.started); });
+            return m_WithWindow(windowId, [&](const ZoomWindow& window) { outputs.Write(started, window.started); });
         });
     }
     int IsZoomWindowMuted(int windowId, bool& muted) override
     {
         return m_tv.Call(Op::IZoomControl_IsZoomWindowMuted, With(windowId), [&](Outputs& outputs) {
-            return WithWindow(windowId, [&](const ZoomWindow& window) { outputs.Write(muted, window.muted); });
+            return m_WithWindow(windowId, [&](const ZoomWindow& window) { outputs.Write(muted, window.muted); });
         });
     }
     int UpdateZoomWindowSize(int windowId, const TSRectInfo& source, const TSRectInfo& destination,
@@ -60,7 +60,7 @@ public:
     {
         return m_tv.Call(Op::IZoomControl_UpdateZoomWindowSize, With(windowId, source, destination, main),
                          [&](Outputs&) {
-                             return WithWindow(windowId, [&](ZoomWindow& window) {
+                             return m_WithWindow(windowId, [&](ZoomWindow& window) {
                                  window.source = source;
                                  window.destination = destination;
                                  window.main = main;
@@ -70,7 +70,7 @@ public:
     int GetZoomWindowSize(int windowId, TSRectInfo& source, TSRectInfo& destination, TSRectInfo& main) override
     {
         return m_tv.Call(Op::IZoomControl_GetZoomWindowSize, With(windowId), [&](Outputs& outputs) {
-            return WithWindow(windowId, [&](const ZoomWindow& window) {
+            return m_WithWindow(windowId, [&](const ZoomWindow& window) {
                 outputs.Write(source, window.source);
                 outputs.Write(destination, window.destination);
                 outputs.Write(main, window.main);
@@ -103,11 +103,11 @@ public:
     }
 
 private:
-    bool HasAll(const std::vector<int>& ids) const
+    bool m_HasAll(const std::vector<int>& ids) const
     {
         return std::all_of(ids.begin(), ids.end(), [&](int id) { return m_tv.zoomWindows.count(id) > 0; });
     }
-    template <class Work> int WithWindow(int id, Work work)
+    template <class Work> int m_WithWindow(int id, Work work)
     {
         const auto found = m_tv.zoomWindows.find(id);
         if (found == m_tv.zoomWindows.end())
@@ -115,9 +115,9 @@ private:
         work(found->second);
         return 1;
     }
-    int Switch(const std::vector<int>& ids, bool ZoomWindow::*flag, bool on)
+    int m_Switch(const std::vector<int>& ids, bool ZoomWindow::*flag, bool on)
     {
-        if (!HasAll(ids))
+        if (!m_HasAll(ids))
             return 0;
         for (const int id : ids)
             m_tv.zoomWindows[id].*flag = on;
@@ -126,10 +126,9 @@ private:
 };
 
 } // namespace
-
-std::unique_ptr<IZoomControl> MakeZoomControl(const Pipeline& pipeline)
-{
-    return std::make_unique<ZoomControl>(pipeline);
-}
-
 } // namespace host
+
+int TVServiceAPI::CreateZoomControl(EProfile profile, int screenId, IZoomControl** control)
+{
+    return host::Create<host::ZoomControl>(host::Op::TVServiceAPI_CreateZoomControl, control, profile, screenId);
+}

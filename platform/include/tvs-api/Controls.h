@@ -21,9 +21,9 @@ public:
     /// As SetSource, for a preview; 1 is success.
     virtual int SetPreviewSource(ESource source, const std::string& options) = 0;
     virtual int SetPreviewSource(ESource source, unsigned long long serviceId, const std::string& options) = 0;
-    /// Before a service is forced onto a pipeline, in this order: stops what the pipeline plays, ...
+    /// To be called in this order before a service is forced onto a pipeline: stops the current source, ...
     virtual int StopCurrentSource() = 0;
-    /// ... gives its decoders back so that the new source can claim them, ...
+    /// ... releases its decoders so that the new source can claim them, ...
     virtual int ReleaseDecoders() = 0;
     /// ... and takes the pipeline from whoever holds it.
     virtual int ClaimPipeline() = 0;
@@ -118,6 +118,6 @@ public:
     /// The last value is reserved, 0.
     virtual int RegisterForStateChange(EStateChange kind, const std::string& application, int reserved) = 0;
     virtual int UnregisterFromStateChange(EStateChange kind, const std::string& application) = 0;
-    /// Fills in whether a registered application has yet to report.
+    /// Fills in whether a registered application has yet to notify.
     virtual int CheckPendingState(EStateChange kind, bool& pending) = 0;
 };

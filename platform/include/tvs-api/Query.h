@@ -17,11 +17,11 @@ public:
         int value; ///< NAVIGATION: the sort mode; FETCH: unused
     };
 
-    /// Asks for services whose field has this value.
+    /// Selects services whose field has this value.
     void Where(int field, int value);
-    /// Leaves out services whose field has this value.
+    /// Excludes services whose field has this value.
     void WhereNot(int field, int value);
-    /// Asks for this field to be delivered.
+    /// Requests this field of each service.
     void Fetch(int field);
 
     /// All calls so far, in order.

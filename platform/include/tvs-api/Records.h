@@ -67,7 +67,7 @@ class TCServiceData
 public:
     /// The fields that were fetched, owned by the record; null if there are none.
     const TCTagSet* GetTagSet() const;
-    /// Adds a field that is not there yet; the tag set comes into being with the first.
+    /// Adds a field that is not there yet. The first one creates the tag set.
     void AddTag(int number, const TCTag& tag);
 
 private:
@@ -78,8 +78,8 @@ private:
 class TCProgramData
 {
 public:
-    /// Copies the title in UTF-16 to `buffer`, without a terminating zero. `length` is the room on entry and the
-    /// title's length on return, both in 16-bit units; a longer title is cut. False if there is no title.
+    /// Copies the title in UTF-16 to `buffer`, without a terminating zero. `length` is the capacity on entry and
+    /// the title's length on return, both in 16-bit units; a longer title is cut. False if there is no title.
     bool Title(unsigned short* buffer, unsigned int* length) const;
     /// Sets the title.
     void SetTitle(std::u16string title);

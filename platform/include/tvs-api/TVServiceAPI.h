@@ -1,4 +1,4 @@
-// The door to the TV service: factories for its control objects and signal subscriptions.
+// The entry to the TV service: factories for its control objects, and signal subscriptions.
 #pragma once
 
 #include "tvs-api/Controls.h"

@@ -14,7 +14,7 @@ enum EProfile : std::int32_t {
     PROFILE_CROP = 1001,
 };
 
-/// Input source. Only the sources that programs name are listed; 0 to 47 are valid on a set.
+/// Input source. Only the sources that programs name are listed; 0 to 47 are valid on a TV set.
 enum ESource : std::int32_t {
     SOURCE_TV = 0,
     SOURCE_AV1 = 1,
