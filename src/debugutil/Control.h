@@ -7,8 +7,8 @@
 #include <exception>
 #include <utility>
 
-/// Runs a release at the end of a scope that was entered with that many exceptions on their way. An exception of the
-/// release goes on to the caller, unless another one is on its way already: that one tells the story.
+/// Runs a release at the end of a scope that was entered with that many uncaught exceptions. An exception of the
+/// release passes, unless another exception is leaving the scope: then that one passes and the release's is dropped.
 template <class Release> void ReleaseAtEndOfScope(int exceptionsAtEntry, Release release)
 {
     if (std::uncaught_exceptions() == exceptionsAtEntry) {
@@ -51,8 +51,8 @@ private:
     int m_exceptions = std::uncaught_exceptions(); // of the owner's scope, so it does not move with the object
 };
 
-/// Takes over what a factory returned and wrote. If it failed, prints that text (unless null), releases what there is of
-/// the object and returns null.
+/// Takes over the result and the object of a factory. If it failed, prints that text (unless null), releases the object
+/// if there is one and returns null.
 template <class Interface> TCControl<Interface> AdoptControl(int result, Interface* created, const char* failure)
 {
     TCControl<Interface> control(created);

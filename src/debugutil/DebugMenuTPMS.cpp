@@ -26,12 +26,12 @@ public:
 
     ~TCEventLoop()
     {
-        // A quit from here is lost if the thread has not entered the loop yet; one from inside the loop is not.
+        // A quit from here is lost if the thread has not entered the loop yet, so a source quits the loop from inside.
         GSource* source = g_idle_source_new();
         g_source_set_priority(source, G_PRIORITY_DEFAULT);
         g_source_set_callback(source, m_Quit, m_loop.get(), nullptr);
         g_source_attach(source, nullptr);
-        g_main_loop_quit(m_loop.get()); // for a loop that waits for a context that somebody else holds
+        g_main_loop_quit(m_loop.get()); // for a loop that waits for a context which another thread owns
         m_thread.join();
         g_source_destroy(source);
         g_source_unref(source);
@@ -75,7 +75,7 @@ int TVSSignalCallback(ESignalType type, EProfile profile, unsigned short screenI
     case SIGNAL_TUNE_AROUND_SERVICE_DONE:
         line("SIGNAL_TUNE_AROUND_SERVICE_DONE", ", serviceId: " + std::to_string(ReadNumber<std::uint64_t>(data, 0)));
         break;
-    case SIGNAL_TUNE_AROUND_FINISHED: // 0 is a good end here; below it is a failure
+    case SIGNAL_TUNE_AROUND_FINISHED: // here 0 is success; in the next signal it is failure
         line("SIGNAL_TUNE_AROUND_FINISHED",
              std::string(", completed: ") + (ReadNumber<std::uint16_t>(data, 0) == 0 ? "true" : "false"));
         break;
@@ -93,7 +93,7 @@ int TVSSignalCallback(ESignalType type, EProfile profile, unsigned short screenI
 class TCSubscription
 {
 public:
-    /// Leaves null where the TV service gives none; what it gives is used, whatever it returns.
+    /// Null if the TV service writes none. What it writes is used, whatever the factory returns.
     explicit TCSubscription(ISignalSubscriber** subscriber)
     {
         *subscriber = nullptr;
@@ -118,7 +118,7 @@ TCDebugMenuTPMS::TCDebugMenuTPMS() = default;
 
 void TCDebugMenuTPMS::Enter()
 {
-    // Left in the reverse order, also by an exception: the subscription is dropped, the loop quit, its thread joined.
+    // At the end, also by an exception: the subscription is dropped, then the loop quit, then its thread joined.
     const TCEventLoop loop;
     const TCSubscription subscription(&m_signalSubscriber);
     RunMenu([this] { m_PrintMainMenu(); }, [this] { return m_AskNumber("cmd> "); },

@@ -29,14 +29,14 @@ public:
     DEBUGUTIL_EXPORT TCDebugMenuTPMS();
 
     /// Runs the menu on the console until 99 or the end of input, with a GLib main loop on the default context in a
-    /// thread of its own; the caller must not hold that context. May be called again. An exception of the TV service
-    /// ends it, in order, and passes.
+    /// thread of its own; the caller must not own that context. May be called again. An exception of the TV service
+    /// passes after everything has been released.
     DEBUGUTIL_EXPORT void Enter();
 
 private:
-    // A test keeps the number by which the TV service's people know it, though the commands of the main menu have
-    // moved: command 12 is Test13, and so on up to command 17, which is Test18. A test with a menu has a table, a runner
-    // and a printer, which the runner calls; the rows of the table run with the arguments of its type.
+    // The tests kept their numbers when the commands of the main menu moved: command 12 is Test13, and so on up to
+    // command 17, which is Test18. A test with a menu has a table, a runner and a printer, which the runner calls; the
+    // rows run with the arguments that the type of the table names.
 
     // The shell.
     static const TCMenu<TCDebugMenuTPMS&> m_mainMenu;
@@ -128,5 +128,5 @@ private:
     void m_CheckTunerSignalState();
     void m_PrintLatestServices();
 
-    ISignalSubscriber* m_signalSubscriber = nullptr; // the TV service's; null without one, valid while Enter runs
+    ISignalSubscriber* m_signalSubscriber = nullptr; // the TV service owns it; valid while Enter runs, or null
 };

@@ -13,7 +13,7 @@ namespace tpms
 {
 
 constexpr int kNoAnswer = -1;               // what m_SelectCmd returns for anything but a number
-constexpr unsigned short kNoMajor = 0xFFFF; // the same of m_SelectMajor
+constexpr unsigned short kNoMajor = 0xFFFF; // the same for m_SelectMajor
 
 inline const TSMenuFrame& Frame()
 {
@@ -53,7 +53,7 @@ inline TCControl<IVideoControl> CreateVideoControl(EProfile profile)
     return CreateControl("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0);
 }
 
-/// What a menu does with a number that it does not have; returns whether the menu goes on.
+/// What a menu does with a number without a row; returns whether the menu goes on.
 inline bool Ignore(int /*number*/) { return true; }
 inline bool Leave(int /*number*/) { return false; }
 inline bool PrintUnsupported(int number)

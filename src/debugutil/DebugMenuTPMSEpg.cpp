@@ -12,7 +12,7 @@
 namespace
 {
 
-constexpr std::chrono::milliseconds kLastSignals(1);
+constexpr std::chrono::milliseconds kLastSignalsDelay(1);
 
 const std::vector<ESignalType> kTuneAroundSignals = {SIGNAL_SI_STARTED, SIGNAL_TUNE_AROUND_SERVICE_DONE,
                                                      SIGNAL_TUNE_AROUND_FINISHED};
@@ -37,7 +37,7 @@ std::optional<unsigned int> ReadTitleLength(IServiceGuide& guide, unsigned long 
 
 } // namespace
 
-// The commands of the menu. Signals that they add stay when the menu is left, as a scan goes on.
+// The commands of the menu. Signals that they add stay added when the menu is left, because the scan goes on.
 class TCDebugMenuTPMS::TCEpgTest
 {
 public:
@@ -86,7 +86,7 @@ void TCDebugMenuTPMS::TCEpgTest::ListPrograms()
         criteria.Fetch(field);
     tpms::TSServiceRecords records;
     m_navigation.FindServices(criteria, records.list, CurrentMode(), 0, 0);
-    std::uint16_t withTitle = 0; // 16 bits on the set, too: it wraps
+    std::uint16_t withTitle = 0; // wraps after 16 bits, as on a TV set
     for (const TCServiceData* record : records.list) {
         const auto length = ReadTitleLength(m_guide, tpms::ReadServiceIdTag(*record));
         if (!length)
@@ -136,7 +136,7 @@ void TCDebugMenuTPMS::TCEpgTest::StartBarkerChannelScan()
 void TCDebugMenuTPMS::TCEpgTest::StopBarkerChannelScan()
 {
     ReportCall("\tcalled StopBarkerChannelScan, ret: ", m_scan.StopBarkerChannelScan());
-    std::this_thread::sleep_for(kLastSignals); // a last chance for what the scan reports as it stops
+    std::this_thread::sleep_for(kLastSignalsDelay); // for the signals of a scan that stops
     m_RemoveSignals(kBarkerChannelSignals);
 }
 

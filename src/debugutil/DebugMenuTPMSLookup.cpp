@@ -61,7 +61,7 @@ TCCriteriaHelper ChannelCriteria(EServiceProfile profile, unsigned short major)
 {
     TCCriteriaHelper criteria;
     criteria.Where(kServiceProfile, profile);
-    criteria.Where(23, 1); // these two as the set asks for them; their meaning is the database's
+    criteria.Where(23, 1); // the meaning of fields 23 and 25 is known to the database only
     criteria.Where(25, 0);
     criteria.Where(kMajor, major);
     criteria.Fetch(kServiceId);

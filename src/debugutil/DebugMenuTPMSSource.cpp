@@ -20,7 +20,7 @@ void SetServiceOnMain(unsigned long long serviceId)
         control->SetSource(SOURCE_TV, serviceId, "");
 }
 
-// What must happen before a source is forced onto a pipeline that may be in use.
+// To be done before a source is forced onto a pipeline that may be in use.
 void PreparePipeline(ISourceControl& control)
 {
     control.StopCurrentSource();

@@ -68,7 +68,7 @@ void TCDebugMenuTPMS::m_RunSetTvModeTest(EAntennaMode antenna, unsigned short ma
     } else {
         criteria.Where(tpms::kChannelType, TCServiceUtility::AntennaModeToDigitalChannelType(antenna));
     }
-    TCServiceData data; // goes before the criteria and the controls
+    TCServiceData data; // released before the criteria and the controls
     if (tpms::FindService(*service, criteria, data) &&
         navigation->SetTvMode(mode, tpms::ReadServiceIdTag(data), "") <= 0)
         console::Write(" SetTVMode failed!");

@@ -33,14 +33,14 @@ public:
     TCZoomTest(TCDebugMenuTPMS& menu, IZoomControl& zoom) : m_menu(menu), m_zoom(zoom) {}
 
     using TWindowSwitch = int (IZoomControl::*)(std::vector<int> ids, bool on);
-    using TWindowQuestion = int (IZoomControl::*)(int windowId, bool& answer);
+    using TWindowQuery = int (IZoomControl::*)(int windowId, bool& value);
 
     void CheckAvailable();
     void CheckSharingType();
     void CreateWindow();
     void DeleteWindow();
     void SwitchWindow(TWindowSwitch operation, const char* outcome);
-    void AskWindow(TWindowQuestion operation, const char* outcome);
+    void QueryWindow(TWindowQuery operation, const char* outcome);
     void ResizeWindow();
     void ListWindows();
 
@@ -64,9 +64,9 @@ const TCMenu<TCDebugMenuTPMS::TCZoomTest&> TCDebugMenuTPMS::m_zoomMenu = {
         {6, " 6. Mute/unmute zoom window\n",
          [](TCZoomTest& test) { test.SwitchWindow(&IZoomControl::MuteZoomWindow, "Window muted!"); }},
         {7, " 7. Check if zoom window started\n",
-         [](TCZoomTest& test) { test.AskWindow(&IZoomControl::IsZoomWindowStarted, "Is window started"); }},
+         [](TCZoomTest& test) { test.QueryWindow(&IZoomControl::IsZoomWindowStarted, "Is window started"); }},
         {8, " 8. Check if zoom window muted\n",
-         [](TCZoomTest& test) { test.AskWindow(&IZoomControl::IsZoomWindowMuted, "Is window muted"); }},
+         [](TCZoomTest& test) { test.QueryWindow(&IZoomControl::IsZoomWindowMuted, "Is window muted"); }},
         {9, " 9. Set zoom window src-dst\n", &TCZoomTest::ResizeWindow},
         {10, " 10. Get connected zoom windows\n", &TCZoomTest::ListWindows},
     },
@@ -114,14 +114,14 @@ void TCDebugMenuTPMS::TCZoomTest::SwitchWindow(TWindowSwitch operation, const ch
         ReportApiResult(outcome, (m_zoom.*operation)({id}, on));
 }
 
-void TCDebugMenuTPMS::TCZoomTest::AskWindow(TWindowQuestion operation, const char* outcome)
+void TCDebugMenuTPMS::TCZoomTest::QueryWindow(TWindowQuery operation, const char* outcome)
 {
     const int id = m_menu.m_SelectCmd(kWindowPrompt);
     if (console::InputEnded())
         return;
-    bool answer = false;
-    const int result = (m_zoom.*operation)(id, answer);
-    ReportApiResult(outcome + Bracketed(answer), result);
+    bool value = false;
+    const int result = (m_zoom.*operation)(id, value);
+    ReportApiResult(outcome + Bracketed(value), result);
 }
 
 void TCDebugMenuTPMS::TCZoomTest::ResizeWindow()

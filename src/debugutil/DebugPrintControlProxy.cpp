@@ -14,7 +14,7 @@ constexpr std::int32_t kFailed = -1;
 // A request only reads the values pushed into it.
 template <class Value> Value* ForRequest(const Value& value) { return const_cast<Value*>(&value); }
 
-// Every result of 4 bytes is the first value of its call.
+// A result of 4 bytes is always the first value of the reply.
 class TCRemoteCall : public TCMarshallingHelperProxy
 {
 public:
@@ -25,7 +25,7 @@ private:
     std::int32_t m_result = kFailed;
 };
 
-// Null rather than an exception: the console is there without the TV service, too.
+// Null rather than an exception: the console starts without the TV service, too.
 std::unique_ptr<TVServiceAPIConnection> OpenConnection()
 {
     return std::unique_ptr<TVServiceAPIConnection>(new (std::nothrow) TVServiceAPIConnection(
@@ -120,10 +120,10 @@ bool TCDebugPrintControlProxy::SetQoSEnabled(bool enabled)
 bool TCDebugPrintControlProxy::IsQoSEnabled()
 {
     TCMarshallingHelperProxy call;
-    unsigned char answer = 0; // a byte from outside need not be a bool
-    call.PushValue(MARSHALLING_REPLY, sizeof answer, &answer);
+    unsigned char enabled = 0; // a received byte need not be a valid bool
+    call.PushValue(MARSHALLING_REPLY, sizeof enabled, &enabled);
     m_Run(call, DEBUG_PRINT_IS_QOS_ENABLED);
-    return answer != 0;
+    return enabled != 0;
 }
 
 bool TCDebugPrintControlProxy::SetDebugMode(EDebugMode mode, bool enable)
@@ -137,9 +137,9 @@ bool TCDebugPrintControlProxy::SetDebugMode(EDebugMode mode, bool enable)
 bool TCDebugPrintControlProxy::IsDebugModeEnabled(EDebugMode mode)
 {
     TCMarshallingHelperProxy call;
-    unsigned char answer = 0;
-    call.PushValue(MARSHALLING_REPLY, sizeof answer, &answer);
+    unsigned char enabled = 0;
+    call.PushValue(MARSHALLING_REPLY, sizeof enabled, &enabled);
     call.PushValue(MARSHALLING_REQUEST, sizeof mode, &mode);
     m_Run(call, DEBUG_PRINT_IS_DEBUG_MODE_ENABLED);
-    return answer != 0;
+    return enabled != 0;
 }

@@ -12,7 +12,7 @@
 #include <vector>
 
 /// The TV service's remote interface. Each operation is one synchronous remote call; one thread at a time. Operations
-/// are appended only. Each says its method's number, which is not its place here.
+/// are appended only. The number of the method comes first in each comment; it is not the position in this class.
 class IDebugPrintControl
 {
 public:
@@ -20,13 +20,13 @@ public:
 
     /// 0. Opens the remote menu. Above 0: it is open, and `response` holds its first screen. -1: the call failed.
     virtual std::int32_t Start(std::string& response) = 0;
-    /// 1. Sends one word. Above 0: the menu goes on, and `response` holds the next screen. Otherwise it is over.
+    /// 1. Sends one word. Above 0: the menu goes on, and `response` holds the next screen. Otherwise it has ended.
     virtual std::int32_t Execute(const std::string& command, std::string& response) = 0;
     /// 3. Fills in the service's check value. -1: the call failed.
     virtual std::int32_t Check(std::int32_t& value) = 0;
     /// 4. The items as far as the reply filled them; empty without a reply.
     virtual std::vector<TSMenuItem> GetMenuItems() = 0;
-    /// 5. True when the call went through, whatever the service says to it; so for all that return bool and set.
+    /// 5. True when the call succeeded, whatever the service did; the same for all operations that set something.
     virtual bool SetMenuItems(const std::vector<TSMenuItem>& items) = 0;
     /// 6. Changes the item with that number.
     virtual bool SetMenuItem(const TSMenuItem& item) = 0;
@@ -47,7 +47,7 @@ class TCDebugPrintControlProxy : public IDebugPrintControl
 public:
     /// Opens the messaging connection; without one every call fails.
     explicit TCDebugPrintControlProxy(const std::string& serviceName);
-    /// Takes over that connection. Null is one that could not be made, and is reported as such.
+    /// Takes over that connection. Null is reported as a connection that could not be made.
     TCDebugPrintControlProxy(std::string serviceName, std::unique_ptr<TVServiceAPIConnection> connection);
 
     std::int32_t Start(std::string& response) override;

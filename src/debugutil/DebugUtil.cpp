@@ -1,4 +1,4 @@
-// The shell: the top-level menu, and the hand-over of the console to the remote menu and to plug-ins.
+// The shell: the top-level menu, the remote menu and the plug-in.
 #include "debugutil/DebugUtil.h"
 
 #include "debugmenu/DebugMenuUtility.h"
@@ -12,7 +12,7 @@
 #include <exception>
 #include <optional>
 
-// Made in this order, after the standard streams; the proxy connects as it is made.
+// Initialized in this order, after the standard streams; the proxy opens its connection.
 bool TCDebugUtil::m_isDebugUtilMenu = true;
 bool TCDebugUtil::m_exitDebugMenu = false;
 std::string TCDebugUtil::m_response;
@@ -32,7 +32,7 @@ namespace
 
 constexpr std::int32_t kLastOptionAboveDivider = 50;
 
-// The last caller of every action: whatever fails in there, the console survives.
+// Runs an option. An exception ends the option and is reported; the console goes on.
 void RunAction(const std::string& name, const std::function<void()>& action)
 {
     std::optional<std::string> failure;

@@ -31,21 +31,21 @@ public:
     static void CreateTVSMenu();
     /// Option "Exit".
     static void ExitAction();
-    /// Option "TVS HT Debug": hands the console to the HT plug-in.
+    /// Option "TVS HT Debug": runs the HT plug-in.
     static void OpenDebughtLibAction();
     /// The options that are not implemented.
     static void PrintUnimplemantedWarningAction();
-    /// Option "TVS Debug": runs the TVS debug menu until 99 or the end of input; true. An exception of the TV service
-    /// passes.
+    /// Option "TVS Debug": runs the TVS debug menu until 99 or the end of input; returns true. An exception of
+    /// the TV service passes.
     static bool TVSDebugFunction();
 
     /// The text of the TVS debug menu.
     static std::string CreateTVSDebugMenu();
-    /// Asks for a pipeline on the console; both fields are always set.
+    /// Prompts for a pipeline; both fields are always set.
     static void GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile);
-    /// The name of a signal. The text of a signal without a name is the calling thread's, until its next such call.
+    /// The name of a signal. For an unknown signal the text is valid until the calling thread's next such call.
     static const char* GetStringOfSignalType(ESignalType type);
-    /// Prints the signal's name; 0. Runs on whatever thread the TV service delivers signals on.
+    /// Prints the signal's name; returns 0. Runs on the thread on which the TV service delivers signals.
     static int SignalReceivedCallback(ESignalType type, TSSignalData data, void* userData);
 
 private:
@@ -53,7 +53,7 @@ private:
     static bool m_RunOption(std::int32_t number);
     static void m_RunRemotePass();
 
-    static bool m_isDebugUtilMenu; // false: the remote menu has the console
+    static bool m_isDebugUtilMenu; // false: the remote menu is open
     static bool m_exitDebugMenu;
     static std::string m_response; // the remote menu's last screen
     static TCDebugPrintControlProxy tvsDebug;

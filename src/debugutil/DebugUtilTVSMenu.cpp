@@ -18,7 +18,7 @@ constexpr const char* kOnOffPrompt = "Input (0:off, 1:on) ? >";
 constexpr ESignalType kMonitoredSignals[] = {SIGNAL_TUNE_START,     SIGNAL_TUNE_SUCCESS, SIGNAL_TUNER_LOCK_FAIL,
                                              SIGNAL_SERVICE_LOCKED, SIGNAL_TUNE_STOP,    SIGNAL_RESOLUTION_CHANGED};
 
-// Without a line end, as all failures of this menu: the next menu follows.
+// The errors of this menu have no line end: the next menu follows on the same line.
 TCControl<ISourceControl> CreateSourceControl(EProfile profile, int screenId)
 {
     return CreateControl("[DebugUtil] TVServiceAPI::CreateSourceControl fail", TVServiceAPI::CreateSourceControl,
@@ -32,7 +32,7 @@ std::optional<std::int32_t> AskSubId()
     return console::AskNumber(kInputPrompt);
 }
 
-// What stands on the screen once the SubID is known, around further lines.
+// What is printed about a SubID: these lines in a frame.
 std::string SubIdBlock(std::int32_t subId, const std::string& lines = "")
 {
     return std::string(kLongStars) + "*****Set SubID[" + std::to_string(subId) + "]*****\n" + lines + kLongStars;
@@ -71,7 +71,7 @@ void SizeControl()
     const auto width = console::AskNumber("W: > ");
     const auto height = console::AskNumber("H: > ");
     if (!height)
-        return; // the input has ended, at this question or before
+        return; // the input has ended, at this prompt or before
     if (const auto video = CreateControl("[DebugUtil] TVServiceAPI::CreateVideoControl fail",
                                          TVServiceAPI::CreateVideoControl, handle.profile, handle.screenId))
         video->SetVideoSize(*x, *y, *height, *width);
@@ -79,7 +79,7 @@ void SizeControl()
 
 void NotImplemented() { console::WriteLine("[DebugUtil] Not implemented yet!"); }
 
-// The subscriber belongs to the TV service and is known there by its callback, so neither command keeps or releases it.
+// The subscriber belongs to the TV service, which identifies it by its callback: neither command keeps or releases it.
 ISignalSubscriber* OpenMonitor()
 {
     ISignalSubscriber* subscriber = nullptr;

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-/// What leaves every menu.
+/// The number that leaves every menu.
 constexpr int kMenuExit = 99;
 
 /// The rules around a menu, each with its line end.
@@ -22,7 +22,7 @@ struct TSMenuFrame {
     bool thinUnderTitle = true;
 };
 
-/// One line of a menu; a line that runs nothing only divides or heads others.
+/// One line of a menu. A line without an action is a divider or a heading.
 template <class... Arguments> struct TSMenuRow {
     TSMenuRow(std::string text) : line(std::move(text)) {} // NOLINT(google-explicit-constructor): a row of a table
     TSMenuRow(int newNumber, std::string text, std::function<void(Arguments...)> action)
@@ -50,7 +50,7 @@ public:
         m_text += frame.thin + " 99 : Exit\n" + frame.thick; // kMenuExit
     }
 
-    /// The whole menu with its way out.
+    /// The text of the whole menu, 99 included.
     const std::string& Text() const { return m_text; }
 
     /// Runs the row of that number; without one, does what `onUnknown` does. Returns whether the menu goes on.
@@ -72,14 +72,14 @@ private:
     std::string m_text;
 };
 
-/// What the main menus do with a number that they do not have.
+/// What the main menus do with a number without a row.
 inline bool PrintUnrecognized(int /*number*/)
 {
     console::WriteLine("Command not recognized");
     return true;
 }
 
-/// Asks for a command of the shell; none if the word is not a number, and at the end of input.
+/// Prompts for a command of the shell; none if the word is not a number, and at the end of input.
 inline std::optional<std::int32_t> AskCommand()
 {
     std::string word;

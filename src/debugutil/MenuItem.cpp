@@ -25,7 +25,7 @@ bool TSMenuItem::TreeToClass(TCTreeBranch& branch)
 {
     TCTreeToClassFormatter formatter(branch);
     TCMarshalableString name(&m_name);
-    unsigned char state = m_state ? 1 : 0; // a byte from outside need not be a bool
+    unsigned char state = m_state ? 1 : 0; // a received byte need not be a valid bool
     formatter.PushMarshalableClass(0, &name);
     formatter.PushValue(1, 1, &state);
     formatter.PushValue(2, 4, &m_id);
@@ -65,10 +65,10 @@ bool TCMarshalableString::TreeToClass(TCTreeBranch& branch)
     std::uint32_t length = 0;
     formatter.PushValue(0, 4, &length);
     if (length == 0) {
-        m_data->reserve(1); // its room may change, its text must not
+        m_data->reserve(1); // the capacity may change, the text must not
         return formatter.FillOut();
     }
-    // A length that lies must neither take memory nor touch the string.
+    // Nothing is allocated, and the string is left alone, for a length that the bytes do not have.
     const auto& children = branch.GetChildren();
     if (children.size() != 2 || children[1].GetElementCount(1) != length)
         return false;

@@ -1,4 +1,4 @@
-// What crosses the remote debug menu interface and is more than a plain number.
+// The values of the remote debug menu interface that are more than plain numbers.
 #pragma once
 
 #include "tvs-api-internal/Tree.h"
@@ -45,8 +45,8 @@ private:
     std::string* m_data;
 };
 
-/// Marshals a sequence of marshalable elements that it does not own, one child per element; the node creator is its own.
-/// Never reports failure: what cannot be written is left out, what cannot be read is an element as far as it was filled.
+/// Marshals a sequence of marshalable elements, one child per element. Owns the node creator, not the sequence. Never
+/// fails: an element that cannot be written is left out, one that cannot be read is kept as far as it was filled.
 template <class Container, class Element> class TCMarshalableOneDimensionContainer : public TCMarshalable
 {
 public:
@@ -88,7 +88,7 @@ public:
     }
 
 private:
-    // Node creators know elements as marshalable objects.
+    // Node creators take elements as marshalable objects.
     static TIMarshalable* m_AddressOf(Element& element) { return &element; }
 
     Container* m_pContainer;

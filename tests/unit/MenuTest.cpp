@@ -1,4 +1,4 @@
-// What tests of the TPMS menu give back, which none of its rows takes, and the longest list.
+// The return values of the TPMS tests, which the menu ignores, and the longest list.
 #include "debugutil/DebugMenuTPMS.h"
 #include "support/Television.h"
 
@@ -7,7 +7,7 @@
 namespace
 {
 
-TEST(TPMSTests, TellWhetherTheyRan)
+TEST(TPMSTests, ReturnWhetherTheyRan)
 {
     constexpr auto epg = &TCDebugMenuTPMS::m_EpgDataFeeding, invalid = &TCDebugMenuTPMS::m_InvalidServiceTest,
                    bootup = &TCDebugMenuTPMS::m_SetBootupService;

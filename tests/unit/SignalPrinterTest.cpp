@@ -144,7 +144,7 @@ TEST(SignalPrinters, OfTheTPMSMenuReadTheData)
         else
             menu.Enter();
         expected += "TVServiceAPI::DestroySignalSubscriber()\n";
-        Raise(SIGNAL_SI_STARTED); // nobody is told
+        Raise(SIGNAL_SI_STARTED); // no subscriber is left
         while (g_main_context_iteration(nullptr, FALSE) != FALSE)
             ;
     }
