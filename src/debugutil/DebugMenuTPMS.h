@@ -34,6 +34,8 @@ public:
     DEBUGUTIL_EXPORT void Enter();
 
 private:
+    friend struct TSTestAccess;
+
     // The tests kept their numbers when the commands of the main menu moved: command 12 is Test13, and so on up to
     // command 17, which is Test18. A test with a menu has a table, a runner and a printer, which the runner calls; the
     // rows run with the arguments that the type of the table names.

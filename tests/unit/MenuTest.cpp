@@ -1,5 +1,5 @@
 // The return values of the TPMS tests, which the menu ignores, and the longest list.
-#include "debugutil/DebugMenuTPMS.h"
+#include "support/Access.h"
 #include "support/Television.h"
 
 #include <gmock/gmock.h>
@@ -9,8 +9,8 @@ namespace
 
 TEST(TPMSTests, ReturnWhetherTheyRan)
 {
-    constexpr auto epg = &TCDebugMenuTPMS::m_EpgDataFeeding, invalid = &TCDebugMenuTPMS::m_InvalidServiceTest,
-                   bootup = &TCDebugMenuTPMS::m_SetBootupService;
+    constexpr auto epg = TSTestAccess::epgDataFeeding, invalid = TSTestAccess::invalidServiceTest,
+                   bootup = TSTestAccess::setBootupService;
     const std::tuple<decltype(epg), const char*, const char*, bool> cases[] = {
         {epg, "", "99", true},
         {epg, "TVServiceAPI::CreateScanControl=1", "99", false},
@@ -37,8 +37,18 @@ TEST(TPMSTests, CountTitlesIn16Bits)
     scenario.services.resize(65'536 + 300, scenario.services[0]);
     Television television(scenario);
     television.Type("1 99");
-    TCDebugMenuTPMS().m_EpgDataFeeding();
+    (TCDebugMenuTPMS().*TSTestAccess::epgDataFeeding)();
     EXPECT_THAT(television.TakeRecord(), testing::HasSubstr("\tno data in 65536 programs\n"));
+}
+
+TEST(TPMSTests, AddNoSignalsWhenAnotherSubscriptionFails)
+{
+    Television television(host::ParseScenario("(test)", "[result]\nTVServiceAPI::CreateSignalSubscriber#2=-1\n"));
+    television.Type("99 18 6 99 99");
+    TCDebugMenuTPMS menu;
+    menu.Enter();
+    menu.Enter();
+    EXPECT_THAT(television.TakeRecord(), testing::Not(testing::HasSubstr("ISignalSubscriber")));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // What is printed of the signals that arrive while a menu has the console.
-#include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugUtil.h"
 #include "host/simulator/Signals.h"
+#include "support/Access.h"
 #include "support/Match.h"
 #include "support/Process.h"
 #include "support/Television.h"
@@ -43,7 +43,7 @@ TEST(SignalNames, AreNotDisturbedByAnotherThread)
 constexpr auto kLast = static_cast<ESignalType>(9999);
 std::atomic<int> g_settled{0};
 
-template <class... Arguments> int Settled(ESignalType, Arguments...) { return ++g_settled; }
+template <class... Arguments> int Settled(ESignalType, Arguments...) { return ++g_settled, 0; }
 
 void Raise(int type, const host::Pipeline& pipeline = {}, const TSSignalData& data = {})
 {
@@ -58,6 +58,7 @@ public:
              const std::string& scenario = "")
         : m_television(host::ParseScenario("(test)", scenario)), m_settled(settled)
     {
+        testing::internal::CaptureStderr();
         host::SignalHub::Instance().Subscribe(m_settled)->AddSignal(kLast, 0, 0, 0, 0);
         m_television.Type(words);
         m_television.onWord = [raise](const std::string&) {
@@ -70,10 +71,10 @@ public:
     }
     ~Engineer() { host::SignalHub::Instance().Unsubscribe(m_settled); }
 
-    // The signals, and where their menu was left.
+    // The errors of the callbacks, the signals, and where their menu was left.
     std::string Printed()
     {
-        std::string printed;
+        std::string printed = testing::internal::GetCapturedStderr();
         const char* const line = "(?:\tSIGNAL_|\\[DebugUtil\\] Signal|TVServiceAPI::DestroySignal).*\n";
         for (const auto& found : Matches(m_television.TakeRecord(), line))
             printed += found[0];
@@ -125,7 +126,7 @@ TEST(SignalPrinters, OfTheTPMSMenuReadTheData)
             for (int i = 0; i < 8; ++i)
                 data.bytes[i] = static_cast<unsigned char>(bytes >> (8 * i));
             for (const int type : {81, 193, 194, 195, 59}) { // the last one is not printed
-                menu.m_signalSubscriber->AddSignal(static_cast<ESignalType>(type), 0, 0, 0, 0);
+                (menu.*TSTestAccess::signalSubscriber)->AddSignal(static_cast<ESignalType>(type), 0, 0, 0, 0);
                 Raise(type, pipeline, data);
             }
             const std::string text = std::string(" -> profile:") + pipelineText;

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <mutex>
 #include <thread>
 
@@ -26,8 +27,9 @@ int OnSignal(ESignalType type, TSSignalData, void*)
 int OnSignalForAWhile(ESignalType type, TSSignalData data, void*)
 {
     OnSignal(type, data, nullptr);
-    std::this_thread::sleep_for(std::chrono::milliseconds(30)); // long enough for an end that does not wait
+    std::this_thread::sleep_for(std::chrono::milliseconds(50)); // long enough for an end that does not wait
     EXPECT_FALSE(g_ended);
+    std::cerr << "delivered " << type << ".";
     return 0;
 }
 
@@ -60,6 +62,17 @@ TEST(Signals, ArriveOnAThreadUntilTheirSubscriptionEnds)
     Subscribe(OnSignal, {SIGNAL_TUNE_START, SIGNAL_TUNE_SUCCESS});
     EXPECT_EQ(RaiseAndTake(2), (std::vector<int>{SIGNAL_TUNE_START, SIGNAL_TUNE_SUCCESS}));
     TVServiceAPI::DestroySignalSubscriber(OnSignal);
+}
+
+TEST(SignalsDeathTest, AreDeliveredBeforeTheProcessEnds)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // a program of its own
+    const auto raise = [] {
+        Subscribe(OnSignalForAWhile, {SIGNAL_TUNE_START, SIGNAL_TUNE_SUCCESS});
+        RaiseAndTake(1); // the second one is still in the queue
+        std::exit(0);
+    };
+    EXPECT_EXIT(raise(), testing::ExitedWithCode(0), "delivered 59.delivered 60.");
 }
 
 } // namespace

@@ -55,11 +55,13 @@ public:
         if (!m_alive)
             return;
         try {
-            if (const auto* own = std::get_if<TSignalCallback>(&m_callback))
-                (*own)(event.type, event.data, nullptr);
-            else
-                std::get<TPipelineSignalCallback>(m_callback)(event.type, event.pipeline.profile,
-                                                              event.pipeline.Handle().screenId, event.data, nullptr);
+            const auto* own = std::get_if<TSignalCallback>(&m_callback);
+            const TVSHandle handle = event.pipeline.Handle();
+            const int result = own != nullptr ? (*own)(event.type, event.data, nullptr)
+                                              : std::get<TPipelineSignalCallback>(m_callback)(
+                                                    event.type, handle.profile, handle.screenId, event.data, nullptr);
+            if (result != 0)
+                throw std::runtime_error("returned " + std::to_string(result));
         } catch (const std::exception& error) {
             Complain(OneLine(std::string("signal callback: ") + error.what()));
         }

@@ -4,9 +4,9 @@
 #include "tvs-api/Controls.h"
 #include "tvs-api/Services.h"
 
-/// Receives signals on a thread of the library's own.
+/// Receives signals on a thread of the library's own; returns 0.
 using TSignalCallback = int (*)(ESignalType type, TSSignalData data, void* userData);
-/// Receives signals with their pipeline on the default GLib main context.
+/// Receives signals with their pipeline on the default GLib main context; returns 0.
 using TPipelineSignalCallback = int (*)(ESignalType type, EProfile profile, unsigned short screenId, TSSignalData data,
                                         void* userData);
 
