@@ -24,14 +24,14 @@ struct TSMenuFrame {
 
 /// One line of a menu. A line without an action is a divider or a heading.
 template <class... Arguments> struct TSMenuRow {
-    TSMenuRow(std::string text) : line(std::move(text)) {} // NOLINT(google-explicit-constructor): a row of a table
-    TSMenuRow(int newNumber, std::string text, std::function<void(Arguments...)> action)
-        : number(newNumber), line(std::move(text)), run(std::move(action))
+    TSMenuRow(const char* text) : line(text) {} // NOLINT(google-explicit-constructor): a row of a table
+    TSMenuRow(int newNumber, const char* text, std::function<void(Arguments...)> action)
+        : number(newNumber), line(text), run(std::move(action))
     {
     }
 
     int number = 0;
-    std::string line; ///< with its line end
+    const char* line; ///< with its line end
     std::function<void(Arguments...)> run;
 };
 
