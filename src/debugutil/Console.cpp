@@ -20,14 +20,14 @@ namespace console
 namespace
 {
 
-constexpr int kLongestWord = 1 << 20;
+constexpr int kMaxWord = 1 << 20;
 
 // Says once why texts are lost; the next one may find room again.
 void ReportLoss()
 {
     static std::atomic<bool> reported{false}; // signal printers write on threads of their own
     if (!reported.exchange(true))
-        Complain(std::string("console: text was lost: ") + std::strerror(errno));
+        PrintError(std::string("console: text was lost: ") + std::strerror(errno));
 }
 
 // An earlier program may have left the input without waiting; what reads like its end is none then.
@@ -55,7 +55,7 @@ void Write(const std::string& text)
         ReportLoss();
 }
 
-void Complain(const std::string& text)
+void PrintError(const std::string& text)
 {
     if (!std::cerr)
         std::cerr.clear();
@@ -75,7 +75,7 @@ bool ReadWord(std::string& word)
         return false;
     }
     PrepareInput();
-    while (!(std::cin >> std::setw(kLongestWord) >> word)) {
+    while (!(std::cin >> std::setw(kMaxWord) >> word)) {
         if (!MakeInputWait())
             return false;
         std::cin.clear();
@@ -90,7 +90,7 @@ bool ReadWord(std::string& word)
         std::cin.setstate(std::ios::eofbit | std::ios::failbit);
         return false;
     }
-    if (word.size() == kLongestWord) {
+    if (word.size() == kMaxWord) {
         // Not from a human hand. Its rest must become neither memory nor a word of its own.
         std::streambuf& input = *std::cin.rdbuf();
         int next = input.sgetc();
@@ -114,7 +114,7 @@ std::optional<std::int32_t> AskNumber(const std::string& prompt)
     return ToNumber(word);
 }
 
-void TakeBack()
+void ResetStreams()
 {
     std::cin.exceptions(std::ios::goodbit);
     std::cin.setf(std::ios::skipws);

@@ -15,7 +15,7 @@ void Write(const std::string& text);
 void WriteLine(std::string text);
 
 /// Writes a line to standard error.
-void Complain(const std::string& text);
+void PrintError(const std::string& text);
 
 /// Reads one whitespace-separated word; several on a line feed successive reads. A word of more than a
 /// mebibyte is cut. False at the end of input.
@@ -28,7 +28,7 @@ bool Ask(const std::string& prompt, std::string& word);
 std::optional<std::int32_t> AskNumber(const std::string& prompt);
 
 /// Takes the streams back from a plug-in, which may have left anything set in them.
-void TakeBack();
+void ResetStreams();
 
 /// Whether a read has found the end of input.
 bool InputEnded();

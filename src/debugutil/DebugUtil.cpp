@@ -43,13 +43,13 @@ void RunAction(const std::string& name, const std::function<void()>& action)
     } catch (...) {
         failure = "unknown exception";
     }
-    console::TakeBack();
+    console::ResetStreams();
     termination::UnblockSignals(); // a plug-in may have left them blocked
     if (!failure)
         return;
     std::replace_if(
         failure->begin(), failure->end(), [](unsigned char byte) { return std::iscntrl(byte) != 0; }, ' ');
-    console::Complain(name + ": " + *failure);
+    console::PrintError(name + ": " + *failure);
 }
 
 std::string MenuText(const std::vector<TSMenuOption>& options)

@@ -11,8 +11,8 @@
 void _TCApiAssert(const char* expression, const char* path, unsigned long line, const char* message)
 {
     host::Operation(host::Op::_TCApiAssert, host::With(expression, path, line), [&](host::Outputs&) {
-        host::Complain(std::string("ASSERT ") + expression + " at " + path + ":" + std::to_string(line) +
-                       (message == nullptr ? "" : std::string(": ") + message));
+        host::PrintError(std::string("ASSERT ") + expression + " at " + path + ":" + std::to_string(line) +
+                         (message == nullptr ? "" : std::string(": ") + message));
     });
 }
 
@@ -23,5 +23,6 @@ void TCApiPrintMessage(const char* format, ...)
     const std::unique_ptr<char, decltype(&g_free)> text(g_strdup_vprintf(format, arguments), g_free);
     va_end(arguments);
     const char* message = text.get();
-    host::Operation(host::Op::TCApiPrintMessage, host::With(message), [&](host::Outputs&) { host::Complain(message); });
+    host::Operation(host::Op::TCApiPrintMessage, host::With(message),
+                    [&](host::Outputs&) { host::PrintError(message); });
 }

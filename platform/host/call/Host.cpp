@@ -22,7 +22,7 @@ Host* SetUp()
         if (const auto trace = Setting("TVS_TRACE"))
             host->trace.Open(*trace);
     } catch (const std::exception& error) {
-        Refuse(error.what());
+        Fatal(error.what());
     }
     return host.release();
 }

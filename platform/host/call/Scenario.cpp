@@ -17,7 +17,7 @@ namespace host
 namespace
 {
 
-constexpr std::size_t kLargestFile = 64U << 20;
+constexpr std::size_t kMaxFileSize = 64U << 20;
 
 struct Freer {
     void operator()(GKeyFile* file) const { g_key_file_free(file); }
@@ -75,7 +75,7 @@ Fault Scenario::FaultOf(Op operation, unsigned call) const
 
 Scenario ParseScenario(const std::string& path, const std::string& text)
 {
-    if (text.size() > kLargestFile)
+    if (text.size() > kMaxFileSize)
         Fail(path, "larger than 64 MiB");
     if (text.find('\0') != std::string::npos)
         Fail(path, "holds a zero byte");
@@ -102,7 +102,7 @@ Scenario LoadScenario(const std::string& path)
     if (!file)
         Fail(path, std::strerror(errno));
     std::string text; // a file may hold more than it says
-    for (char block[1 << 16]; text.size() <= kLargestFile;) {
+    for (char block[1 << 16]; text.size() <= kMaxFileSize;) {
         const std::size_t count = std::fread(block, 1, sizeof block, file.get());
         text.append(block, count);
         if (std::ferror(file.get()) != 0)

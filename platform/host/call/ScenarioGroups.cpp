@@ -14,7 +14,7 @@ namespace host
 namespace
 {
 
-constexpr int kLongestDelay = 3'600'000; // milliseconds
+constexpr int kMaxDelay = 3'600'000; // milliseconds
 
 template <class Number> std::optional<Number> ParseNumber(const std::string& text, int base = 10)
 {
@@ -171,8 +171,8 @@ private:
     void ReadDelay(const std::string& key)
     {
         const auto delay = ParseNumber<std::int32_t>(Raw(key));
-        if (!delay || *delay < 0 || *delay > kLongestDelay)
-            FailValue(key, "not milliseconds from 0 to " + std::to_string(kLongestDelay));
+        if (!delay || *delay < 0 || *delay > kMaxDelay)
+            FailValue(key, "not milliseconds from 0 to " + std::to_string(kMaxDelay));
         FaultAt(key).delay = std::chrono::milliseconds(*delay);
     }
 

@@ -19,16 +19,16 @@ void KeepStandardDescriptors()
     }
 }
 
-void Complain(const std::string& line)
+void PrintError(const std::string& line)
 {
     const std::string text = line + "\n";
     std::fwrite(text.data(), 1, text.size(), stderr);
     std::fflush(stderr);
 }
 
-void Refuse(const std::string& reason)
+void Fatal(const std::string& reason)
 {
-    Complain(OneLine(reason));
+    PrintError(OneLine(reason));
     std::_Exit(2);
 }
 

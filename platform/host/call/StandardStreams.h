@@ -11,10 +11,10 @@ namespace host
 void KeepStandardDescriptors();
 
 /// Writes one line to standard error.
-void Complain(const std::string& line);
+void PrintError(const std::string& line);
 
 /// Writes one line to standard error and ends the process with status 2. Static objects may be half made, so none of
 /// them is destroyed.
-[[noreturn]] void Refuse(const std::string& reason);
+[[noreturn]] void Fatal(const std::string& reason);
 
 } // namespace host

@@ -62,13 +62,13 @@ std::string Stripped(const std::string& text)
 
 std::string Shortened(const std::string& text)
 {
-    constexpr glong most = 80;
+    constexpr glong kMaxCharacters = 80;
     // Bytes that are no characters would not count.
     const std::unique_ptr<char, decltype(&g_free)> valid(
         g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())), g_free);
-    if (g_utf8_strlen(valid.get(), -1) <= most)
+    if (g_utf8_strlen(valid.get(), -1) <= kMaxCharacters)
         return valid.get();
-    return std::string(valid.get(), g_utf8_offset_to_pointer(valid.get(), most)) + "...";
+    return std::string(valid.get(), g_utf8_offset_to_pointer(valid.get(), kMaxCharacters)) + "...";
 }
 
 std::string NearestTo(const std::string& word, const std::vector<std::string>& known)

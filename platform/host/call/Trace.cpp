@@ -122,7 +122,7 @@ void Trace::End(std::size_t written)
     struct stat file = {};
     if (fstat(m_descriptor, &file) == 0 && S_ISREG(file.st_mode))
         (void)!ftruncate(m_descriptor, file.st_size - static_cast<off_t>(written));
-    Complain(OneLine("trace " + m_path + ": " + reason));
+    PrintError(OneLine("trace " + m_path + ": " + reason));
 }
 
 } // namespace host

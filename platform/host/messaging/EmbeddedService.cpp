@@ -63,7 +63,7 @@ Bus EmbeddedService::Connect()
         try {
             m_service.Serve(bus.get());
         } catch (const std::exception& error) {
-            Complain(std::string("embedded TV service: ") + error.what()); // the client finds its bus closed
+            PrintError(std::string("embedded TV service: ") + error.what()); // the client finds its bus closed
         }
     });
     return client;

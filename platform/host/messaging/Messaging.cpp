@@ -118,7 +118,7 @@ bool TCMarshallingHelperProxy::Run(TVServiceAPIConnection* connection, std::stri
                 return true;
             } catch (const std::exception& error) {
                 const std::string bus = busSetting.value_or("this process");
-                host::Complain(host::OneLine("TV service on " + bus + ": " + error.what()));
+                host::PrintError(host::OneLine("TV service on " + bus + ": " + error.what()));
                 return false;
             }
         });

@@ -27,8 +27,8 @@ constexpr std::chrono::seconds kBusTimeout(10); // for the handshake, and for ea
 int Answer(std::string_view argument)
 {
     if (argument != "--help" && argument != "--version") {
-        host::Complain("tvserviced: unknown argument '" + host::OneLine(std::string(argument)) +
-                       "'; try tvserviced --help");
+        host::PrintError("tvserviced: unknown argument '" + host::OneLine(std::string(argument)) +
+                         "'; try tvserviced --help");
         return 2;
     }
     std::fputs(argument == "--help" ? kHelp : "tvserviced " TVSERVICED_VERSION "\n", stdout);
@@ -55,7 +55,7 @@ int main(int argc, char** argv)
         return Answer(argv[1]);
     const auto setting = host::Setting("TVS_BUS");
     if (!setting) {
-        host::Complain("tvserviced: TVS_BUS is not set: give session, system or a D-Bus address");
+        host::PrintError("tvserviced: TVS_BUS is not set: give session, system or a D-Bus address");
         return EXIT_FAILURE;
     }
     try {
@@ -67,9 +67,9 @@ int main(int argc, char** argv)
         std::printf("tvserviced: serving %s on %s\n", host::kServiceBusName, setting->c_str());
         std::fflush(stdout);
         host::DebugPrintService().Serve(bus.get());
-        host::Complain("tvserviced: the bus has ended");
+        host::PrintError("tvserviced: the bus has ended");
     } catch (const std::exception& error) {
-        host::Complain("tvserviced: " + *setting + ": " + error.what());
+        host::PrintError("tvserviced: " + *setting + ": " + error.what());
     }
     return EXIT_FAILURE;
 }

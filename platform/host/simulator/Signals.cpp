@@ -63,7 +63,7 @@ public:
             if (result != 0)
                 throw std::runtime_error("returned " + std::to_string(result));
         } catch (const std::exception& error) {
-            Complain(OneLine(std::string("signal callback: ") + error.what()));
+            PrintError(OneLine(std::string("signal callback: ") + error.what()));
         }
     }
 

@@ -35,7 +35,7 @@ bool TCDebugMenuUtility::OpenLibrary(const char* path, const char* entry)
         std::string reason = said == nullptr ? "the entry is null" : said;
         if (reason.rfind(file + ": ", 0) == 0)
             reason.erase(0, file.size() + 2);
-        host::Complain(host::OneLine(file + ": " + reason + " (" + kSysroot + " moves it)"));
+        host::PrintError(host::OneLine(file + ": " + reason + " (" + kSysroot + " moves it)"));
         return false;
     }
     reinterpret_cast<void (*)()>(symbol)();
