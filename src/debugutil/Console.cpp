@@ -10,57 +10,78 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <iomanip>
 #include <iostream>
 #include <limits>
 #include <unistd.h>
+#include <utility>
 
 namespace console
 {
 namespace
 {
 
-constexpr int kMaxWord = 1 << 20;
+constexpr std::size_t kMaxWord = 1 << 20;
+constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 
-// Says once why texts are lost; the next one may find room again.
-void ReportLoss()
+// Past the state of the stream: a plug-in may have left it failed or throwing, and other threads write, too.
+bool Put(const std::ostream& stream, const std::string& text)
+{
+    std::streambuf* const buffer = stream.rdbuf();
+    const auto size = static_cast<std::streamsize>(text.size());
+    return buffer != nullptr && buffer->sputn(text.data(), size) == size && buffer->pubsync() == 0;
+}
+
+// Reports the first loss only; the next text may be written again.
+void ReportLoss(int error)
 {
     static std::atomic<bool> reported{false}; // signal printers write on threads of their own
     if (!reported.exchange(true))
-        PrintError(std::string("console: text was lost: ") + std::strerror(errno));
+        PrintError(std::string("console: text was lost: ") + (error == 0 ? "unknown reason" : std::strerror(error)));
 }
 
-// An earlier program may have left the input without waiting; what reads like its end is none then.
-bool MakeInputWait()
+// Makes stdin blocking. False if it is already, or cannot be.
+bool MakeInputBlock()
 {
     const int flags = fcntl(STDIN_FILENO, F_GETFL);
     return (flags & O_NONBLOCK) != 0 && fcntl(STDIN_FILENO, F_SETFL, flags & ~O_NONBLOCK) == 0;
 }
 
-// A plug-in that was given a word for a number leaves the stream failed; that is not the end of the input.
-void PrepareInput()
+// The next character, which stays in the input, or EOF.
+int Peek()
 {
-    [[maybe_unused]] static const bool waitsFromTheStart = MakeInputWait();
-    if (!InputEnded())
-        std::cin.clear();
+    int next = 0;
+    do { // stdin may be non-blocking, left so by another program: EAGAIN is not the end of input
+        errno = 0;
+        next = std::cin.rdbuf()->sgetc();
+    } while (next == EOF && MakeInputBlock());
+    if (next == EOF && errno != 0)
+        PrintError(std::string("console: cannot read the input: ") + std::strerror(errno));
+    return next;
+}
+
+// Reads one word, without its end if it is too long. False at the end of input.
+bool ReadCutWord(std::string& word)
+{
+    word.clear();
+    int next = Peek();
+    for (; next != EOF && (word.empty() || std::isspace(next) == 0); next = Peek()) {
+        if (std::isspace(next) == 0 && word.size() < kMaxWord)
+            word += static_cast<char>(next);
+        std::cin.rdbuf()->sbumpc();
+    }
+    return !word.empty();
 }
 
 } // namespace
 
 void Write(const std::string& text)
 {
-    if (!std::cout)
-        std::cout.clear(); // there may be room again
-    if (!(std::cout << text << std::flush))
-        ReportLoss();
+    errno = 0;
+    if (!Put(std::cout, text))
+        ReportLoss(errno);
 }
 
-void PrintError(const std::string& text)
-{
-    if (!std::cerr)
-        std::cerr.clear();
-    std::cerr << text + "\n";
-}
+void PrintError(const std::string& text) { Put(std::cerr, text + "\n"); }
 
 void WriteLine(std::string text)
 {
@@ -70,34 +91,19 @@ void WriteLine(std::string text)
 
 bool ReadWord(std::string& word)
 {
-    if (termination::WasRequested()) { // descriptor 0 may be closed, or be something else by now
-        std::cin.setstate(std::ios::eofbit | std::ios::failbit);
-        return false;
-    }
-    PrepareInput();
-    while (!(std::cin >> std::setw(kMaxWord) >> word)) {
-        if (!MakeInputWait())
-            return false;
-        std::cin.clear();
-    }
-    while (std::cin.eof() && MakeInputWait()) { // in the middle of the word
-        std::cin.clear();
-        std::string rest;
-        if (std::isspace(std::cin.peek()) == 0 && std::cin >> rest)
-            word += rest;
-    }
-    if (termination::WasRequested()) { // whether the word was there before it, or is the half of one
-        std::cin.setstate(std::ios::eofbit | std::ios::failbit);
-        return false;
-    }
-    if (word.size() == kMaxWord) {
-        // Not from a human hand. Its rest must become neither memory nor a word of its own.
-        std::streambuf& input = *std::cin.rdbuf();
-        int next = input.sgetc();
-        while (next != std::char_traits<char>::eof() && std::isspace(next) == 0)
-            next = input.snextc();
-    }
-    return true;
+    [[maybe_unused]] static const bool blocksFromTheStart = MakeInputBlock(); // for plug-ins, which read it, too
+    static bool isFirst = true;
+    bool ended = InputEnded() || termination::WasRequested(); // descriptor 0 may be something else by now
+    do {
+        ended = ended || !ReadCutWord(word);
+        if (std::exchange(isFirst, false) && word.rfind(kByteOrderMark, 0) == 0)
+            word.erase(0, std::strlen(kByteOrderMark));
+    } while (!ended && word.empty());
+    if (termination::WasRequested()) // the word may be the half of one
+        ended = true;
+    // A plug-in that was given a word for a number leaves the stream failed; that is not the end of input.
+    std::cin.clear(ended ? std::ios::eofbit | std::ios::failbit : std::ios::goodbit);
+    return !ended;
 }
 
 bool Ask(const std::string& prompt, std::string& word)
@@ -114,13 +120,7 @@ std::optional<std::int32_t> AskNumber(const std::string& prompt)
     return ToNumber(word);
 }
 
-void ResetStreams()
-{
-    std::cin.exceptions(std::ios::goodbit);
-    std::cin.setf(std::ios::skipws);
-    std::cout.exceptions(std::ios::goodbit);
-    std::cout.width(0);
-}
+void ResetStreams() { std::cin.exceptions(std::ios::goodbit); }
 
 bool InputEnded() { return std::cin.bad() || (std::cin.eof() && std::cin.fail()); }
 

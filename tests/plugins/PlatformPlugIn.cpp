@@ -1,5 +1,5 @@
-// A plug-in as its author writes one: it calls the platform and shares the console, and links neither. It does not mind
-// a word that is no number, and leaves the streams as it likes them.
+// A plug-in as its author writes one: it calls the platform, uses the console and links neither. It does not examine
+// what it has read, and leaves the streams changed.
 #include "tvs-api/TVServiceAPI.h"
 
 #include <csignal>
@@ -10,13 +10,13 @@ extern "C" __attribute__((visibility("default"))) void ht_subdebugmenu()
 {
     IAVControl* control = nullptr;
     if (const int result = TVServiceAPI::CreateAVControl(PROFILE_PIP, 3, &control))
-        throw result; // nothing that the console knows
+        throw result; // not a std::exception
     std::printf("RestartVideoDecoder: %d\n", control->RestartVideoDecoder());
     TVServiceAPI::Destroy(control);
     int number = 0;
     std::cin >> number >> std::noskipws;
     std::cin.exceptions(std::ios::eofbit);
-    std::cout.exceptions(std::ios::failbit);
+    std::cout.exceptions(std::ios::badbit);
     std::cout.width(1000);
     sigset_t all;
     sigfillset(&all);

@@ -1,4 +1,4 @@
-Words that nobody types.
+Words that nobody types; a byte-order mark in front of the first one.
 
   $ { printf '9%.0s' {1..100000}; printf ' \0\0\0 2\0\0\0 \377 '; printf 'x%.0s' {1..100000}; } | DebugUtil | grep -aoE 'cmd> |Option.*'
   cmd> 
@@ -10,8 +10,17 @@ Words that nobody types.
   cmd> 
   $ { head -c 1048577 /dev/zero | tr '\0' x; echo ' 2'; } | DebugUtil | grep executing
   cmd> executing: TV Player
+  $ printf '\357\273\277 \n2 \357\273\2773' | DebugUtil | grep executing
+  cmd> executing: TV Player
 
-A plug-in that is not there.
+An input that cannot be read.
+
+  $ DebugUtil </ 2>&1 >/dev/null
+  console: cannot read the input: Is a directory
+  $ DebugUtil 0>written 2>&1 >/dev/null
+  console: cannot read the input: Bad file descriptor
+
+A plug-in that is missing.
 
   $ echo 6 | DEBUGMENU_SYSROOT=/nowhere DebugUtil | grep -v '^[ 0-9=-]'
   /nowhere/usr/lib/libht-debugmenu.so: cannot open shared object file: No such file or directory (DEBUGMENU_SYSROOT moves it)
@@ -27,7 +36,7 @@ One without the entry.
   $ echo 6 | DEBUGMENU_SYSROOT=root DebugUtil 2>&1 >/dev/null
   root/usr/lib/libht-debugmenu.so: undefined symbol: ht_subdebugmenu (DEBUGMENU_SYSROOT moves it)
 
-A plug-in of somebody else's calls the platform and shares the console; what it throws is no exception of the library.
+Another plug-in calls the platform and uses the console; what it throws is not a std::exception.
 
   $ echo 6 x 2 | DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT TVS_TRACE=trace DebugUtil | grep -E ':|cmd|  ='; cat trace
   cmd> executing: TVS HT Debug
@@ -43,16 +52,16 @@ A plug-in of somebody else's calls the platform and shares the console; what it 
   TVS HT Debug: unknown exception
   cmd> executing: TVS HT Debug
 
-The reader goes, the console goes on.
+The reader of the output exits, the console goes on, also with the streams that a plug-in has changed.
 
-  $ { sleep 0.2; echo 5 6 0 0 99 99; } | TVS_TRACE=trace DebugUtil | head -c 1 >/dev/null; echo ${PIPESTATUS[1]}; cat trace
+  $ { echo 6 x; sleep 0.2; echo 5 6 0 0 99 99; } | DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT TVS_TRACE=trace DebugUtil | grep -q Restart; echo ${PIPESTATUS[1]}; grep Source trace
   console: text was lost: Broken pipe
   0
   TVServiceAPI::CreateSourceControl(1, 0) = 0
   ISourceControl::SetSource(0, "") = 1
   TVServiceAPI::Destroy(ISourceControl)
 
-Descriptors that are closed: no socket of the platform is taken for the console.
+Descriptors that are closed: no socket or file of the platform takes their numbers.
 
   $ DebugUtil <&- | grep -o cmd
   cmd
@@ -60,6 +69,9 @@ Descriptors that are closed: no socket of the platform is taken for the console.
   $ echo 1 99 99 | DebugUtil 2>&- | grep -oE 'executing.*|Failed.*'
   executing: TVS
   executing: Exit
+  $ echo 6 99 | DEBUGMENU_SYSROOT=/nowhere TVS_TRACE=trace DebugUtil 2>&- | grep executing; cat trace
+  cmd> executing: TVS HT Debug
+  cmd> executing: Exit
 
 A signal that was ignored stays so.
 
@@ -67,7 +79,7 @@ A signal that was ignored stays so.
   $ mkfifo in
   $ (trap '' INT HUP; DebugUtil <in >out & exec 3>in; says out cmd; kill -INT $!; kill -HUP $!; echo 99 >&3; wait $!)
 
-One that strikes withdraws the simulated application.
+Another one withdraws the simulated application.
 
   $ TVS_TRACE=struck DebugUtil <in >out & exec 3>in; echo 6 17 1 >&3; says out ret=1; kill $!; exec 3>&-; wait $! 2>/dev/null; echo $?; tail -n 6 struck
   143
@@ -78,7 +90,7 @@ One that strikes withdraws the simulated application.
   TVServiceAPI::Destroy(IPipelineUtility)
   TVServiceAPI::DestroySignalSubscriber()
 
-A file that is full and then has room, a trace that is full, an input that does not wait.
+A file that is full and then has room, a trace that is full, an input that is non-blocking, for a plug-in too.
 
   $ exec 3<>in
   $ (ulimit -f 4; exec DebugUtil <&3 >>full 2>err) & printf '2 %.0s' {1..13} >&3; says err .; : >full; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' full
@@ -91,6 +103,8 @@ A file that is full and then has room, a trace that is full, an input that does 
   $ mix() { perl -MFcntl -e 'fcntl(STDIN, F_SETFL, O_NONBLOCK)' <&3; }
   $ mix; DebugUtil <&3 >waits & says waits Exit; mix; echo 2 >&3; says waits Player; sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 waits
   cmd> executing: Exit
+  $ mix; echo 6 >&3; DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT DebugUtil <&3 >plugged & says plugged Restart; echo 2 3 99 >&3; wait $!; grep -o 'executing: TV P.*' plugged
+  executing: TV Plug in
 
 Standard error that is full and then has room.
 
