@@ -6,6 +6,7 @@
 #include "support/Recording.h"
 
 #include <glib.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
 #include <sstream>
@@ -67,6 +68,14 @@ TEST(Host, DrawsLinesAndKnowsNumbers)
         EXPECT_TRUE(TCDebugMenuUtility::IsNumber(number)) << number;
     for (const char* word : {"", "+", "-", "+-1", "1-", " 1", "1 ", "1.5", "0x1F", "a", "1/", "1:", "\xB2"})
         EXPECT_FALSE(TCDebugMenuUtility::IsNumber(word)) << word;
+}
+
+TEST(Host, LoadsNoPlugInWithAnUnknownSymbol)
+{
+    unsetenv("DEBUGMENU_SYSROOT");
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(TCDebugMenuUtility::OpenLibrary(PLUG_IN_PATH, "ht_subdebugmenu")); // this program exports nothing
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("undefined symbol: "));
 }
 
 // Each line of the file: the text of a scenario, escaped as in C, and what comes of it.

@@ -6,13 +6,7 @@
 
 #include <algorithm>
 #include <dlfcn.h>
-
-namespace
-{
-
-constexpr const char* kSysroot = "DEBUGMENU_SYSROOT";
-
-} // namespace
+#include <unistd.h>
 
 const char* const TCDebugMenuUtility::thickLine = "====================================\n";
 const char* const TCDebugMenuUtility::thinLine = "------------------------------------\n";
@@ -26,16 +20,19 @@ bool TCDebugMenuUtility::IsNumber(const std::string& word)
 
 bool TCDebugMenuUtility::OpenLibrary(const char* path, const char* entry)
 {
-    const std::string file = host::Setting(kSysroot).value_or("") + path;
-    // Never closed: a plug-in may leave threads, callbacks or exceptions of its own behind.
+    constexpr const char* sysroot = "DEBUGMENU_SYSROOT";
+    const std::string file = host::Setting(sysroot).value_or("") + path;
+    // Never closed: a plug-in may leave threads, callbacks or exceptions of its own.
     void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* symbol = library == nullptr ? nullptr : dlsym(library, entry);
     if (symbol == nullptr) {
-        const char* said = dlerror();
-        std::string reason = said == nullptr ? "the entry is null" : said;
+        const char* error = dlerror();
+        std::string reason = error == nullptr ? "the entry is null" : error;
         if (reason.rfind(file + ": ", 0) == 0)
             reason.erase(0, file.size() + 2);
-        host::PrintError(host::OneLine(file + ": " + reason + " (" + kSysroot + " moves it)"));
+        if (access(file.c_str(), F_OK) != 0)
+            reason += std::string(" (") + sysroot + " moves it)";
+        host::PrintError(host::OneLine(file + ": " + reason));
         return false;
     }
     reinterpret_cast<void (*)()>(symbol)();

@@ -34,7 +34,7 @@ One without the entry.
 
   $ mkdir -p root/usr/lib; cp $DEBUGMENU_SYSROOT/usr/lib/libvconf.so root/usr/lib/libht-debugmenu.so
   $ echo 6 | DEBUGMENU_SYSROOT=root DebugUtil 2>&1 >/dev/null
-  root/usr/lib/libht-debugmenu.so: undefined symbol: ht_subdebugmenu (DEBUGMENU_SYSROOT moves it)
+  root/usr/lib/libht-debugmenu.so: undefined symbol: ht_subdebugmenu
 
 Another plug-in calls the platform and uses the console; what it throws is not a std::exception.
 
