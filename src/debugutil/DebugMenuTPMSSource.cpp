@@ -90,9 +90,8 @@ void TCDebugMenuTPMS::m_SetSourceOnClone()
 
 void TCDebugMenuTPMS::m_BindWindow(EProfile profile)
 {
-    int windowId = 0;
-    if (m_GetVconfInt("db/tv-viewer/window_id", &windowId) != 0)
-        return;
+    int windowId = 0; // what is sent when the key is missing
+    m_GetVconfInt("db/tv-viewer/window_id", &windowId);
     if (const auto video = tpms::CreateVideoControl(profile))
         video->SetWindowId(windowId);
 }

@@ -40,6 +40,26 @@ The trace is a file, standard error or nothing; it ends where it cannot be writt
   trace /dev/full: No space left on device
   TVS Debug: two lines
 
+Values other than the defaults; SetTvMode is remembered; a window id of -1 is sent, and 0 where the key is missing.
+
+  $ printf '[tv]\nantenna_mode=1\nservice_mode=1\nzoom_available=false\n[vconf]\ndb/tv-viewer/window_id=-1\n[service]\n1=2\n3=2\n12=9\n13=5\n23=1\n25=0\n' >scenario
+  $ calls() { TVS_SCENARIO=scenario TVS_TRACE=- DebugUtil 2>&1 >/dev/null | grep -E 'TvMode|vconf|Video|Zoom.*\(\)'; }
+  $ echo 6 13 1 5 1 5 99 5 7 7 99 19 1 | calls
+  IServiceNavigation::GetTvMode() = 1 {1, 1}
+  IServiceNavigation::SetTvMode({0, 1}, 9, "") = 1
+  IServiceNavigation::GetTvMode() = 1 {0, 1}
+  IServiceNavigation::SetTvMode({0, 1}, 9, "") = 1
+  vconf_get_int("db/tv-viewer/window_id") = 0 -1
+  TVServiceAPI::CreateVideoControl(1, 0) = 0
+  IVideoControl::SetWindowId(-1) = 1
+  TVServiceAPI::Destroy(IVideoControl)
+  IZoomControl::IsZoomAvailable() = 1 false
+  $ sed -i 's/window_id/other/' scenario; echo 6 7 7 | calls
+  vconf_get_int("db/tv-viewer/window_id") = -1
+  TVServiceAPI::CreateVideoControl(1, 0) = 0
+  IVideoControl::SetWindowId(0) = 1
+  TVServiceAPI::Destroy(IVideoControl)
+
 A pipe that is read late gets all of it.
 
   $ exec 4<>pipe; for i in {1..1000}; do echo 5 15 99; done | TVS_TRACE=pipe DebugUtil >/dev/null & sleep 0.3; timeout 30 head -n 3000 <&4 | tail -n 1
