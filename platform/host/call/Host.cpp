@@ -5,7 +5,10 @@
 
 #include <atomic>
 #include <exception>
+#include <filesystem>
 #include <memory>
+#include <stdexcept>
+#include <system_error>
 
 namespace host
 {
@@ -17,9 +20,12 @@ Host* SetUp()
     KeepStandardDescriptors();
     auto host = std::make_unique<Host>();
     try {
-        const auto scenario = Setting("TVS_SCENARIO");
+        const auto scenario = Setting("TVS_SCENARIO"), trace = Setting("TVS_TRACE");
+        std::error_code absent; // the trace may not be there yet
+        if (scenario && trace && std::filesystem::equivalent(*scenario, *trace, absent))
+            throw std::runtime_error("trace " + *trace + ": it would overwrite the scenario " + *scenario);
         host->scenario = scenario ? LoadScenario(*scenario) : BuiltInScenario();
-        if (const auto trace = Setting("TVS_TRACE"))
+        if (trace)
             host->trace.Open(*trace);
     } catch (const std::exception& error) {
         Fatal(error.what());

@@ -1,6 +1,7 @@
-// What the host platform is told by its environment.
+// The settings of the host platform are environment variables.
 #pragma once
 
+#include <cstdlib>
 #include <optional>
 #include <string>
 
@@ -8,6 +9,10 @@ namespace host
 {
 
 /// The environment variable; none when it is unset or empty.
-std::optional<std::string> Setting(const char* name);
+inline std::optional<std::string> Setting(const char* name)
+{
+    const char* const value = secure_getenv(name);
+    return value == nullptr || *value == '\0' ? std::nullopt : std::optional<std::string>(value);
+}
 
 } // namespace host

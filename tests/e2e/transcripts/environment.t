@@ -1,4 +1,4 @@
-A scenario or trace that cannot be used; nobody reads or writes the pipe.
+A scenario or trace that cannot be used. Nobody reads or writes the pipe; the trace does not empty the scenario.
 
   $ mkfifo pipe
   $ TVS_SCENARIO=$'/a\nb' DebugUtil
@@ -25,8 +25,13 @@ A scenario or trace that cannot be used; nobody reads or writes the pipe.
   $ TVS_TRACE=pipe DebugUtil
   trace pipe: No such device or address
   [2]
+  $ echo '[tv]' >same; ln -s same link; TVS_SCENARIO=same TVS_TRACE=link DebugUtil
+  trace link: it would overwrite the scenario same
+  [2]
+  $ cat same
+  [tv]
 
-The trace is a file, standard error or nothing; it ends where it cannot be written.
+The trace is a file, standard error or nothing; it ends when it cannot be written.
 
   $ printf '[throw]\nIPipelineUtility::GetPIDSetStatus=two\\nlines\nTVServiceAPI::Destroy=late\n' >scenario
   $ echo 5 15 99 99 | TVS_SCENARIO=scenario TVS_TRACE=- DebugUtil >/dev/null
