@@ -1,10 +1,12 @@
-// What the host reads: words as numbers, and scenarios, every key with its default and bounds, and every refusal.
+// What the host platform reads: numbers, plug-ins, and scenarios: every key with its default and bounds, and every error.
 #include "host/call/Scenario.h"
 #include "debugmenu/DebugMenuUtility.h"
 #include "host/call/Text.h"
+#include "support/Match.h"
 #include "support/Process.h"
 #include "support/Recording.h"
 
+#include <algorithm>
 #include <glib.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +16,7 @@
 namespace
 {
 
-// All of a scenario in a line. What is not there is a dash.
+// A scenario in a line, with the faults of each call as they are injected. A value that is absent is a dash.
 std::string Shown(const host::Scenario& s)
 {
     std::ostringstream text;
@@ -34,9 +36,11 @@ std::string Shown(const host::Scenario& s)
         show(service.title);
     }
     for (std::size_t i = 0; i < host::kOperationCount; ++i) {
-        std::map<unsigned, host::Fault> faults = s.faults[i].byCall;
-        faults[0] = s.faults[i].always;
-        for (const auto& [call, fault] : faults) {
+        std::map<unsigned, host::Fault> calls = s.faults[i].byCall;
+        calls[0]; // any other call
+        for (const auto& entry : calls) {
+            const unsigned call = entry.first;
+            const host::Fault fault = s.FaultOf(host::Op(i), call);
             if (!fault.result && !fault.thrown && !fault.delay)
                 continue;
             text << "; " << host::NameOf(static_cast<host::Op>(i)) << (call > 0 ? "#" + std::to_string(call) : "");
@@ -78,8 +82,8 @@ TEST(Host, LoadsNoPlugInWithAnUnknownSymbol)
     EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("undefined symbol: "));
 }
 
-// Each line of the file: the text of a scenario, escaped as in C, and what comes of it.
-TEST(Scenario, IsTakenOrRefusedToTheLetter)
+// Each line of the file: the text of a scenario, escaped as in C, and the scenario or the error.
+TEST(Scenario, IsReadOrRejectedToTheLetter)
 {
     std::istringstream cases(ReadFile(RECORD_PATH "/scenarios"));
     std::string played;
@@ -89,6 +93,27 @@ TEST(Scenario, IsTakenOrRefusedToTheLetter)
         played += line + " => " + Parsed(text.get()) + "\n";
     }
     EXPECT_TRUE(IsAsRecorded(RECORD_PATH "/scenarios", played));
+}
+
+// The names that an error lists.
+std::vector<std::vector<std::string>> KnownTo(const std::string& text)
+{
+    const std::string error = Parsed(text);
+    return Matches(error.substr(std::min(error.size(), error.find("; known: "))), R"(\w+(?=,|$))");
+}
+
+TEST(Scenario, IsShownWithEveryKey)
+{
+    for (const auto& group : KnownTo("[?]")) {
+        for (const auto& key : KnownTo("[" + group[0] + "]\n?=1")) {
+            bool isShown = false;
+            for (const char* const value : {"=5", "=true", "=false"}) {
+                const std::string shown = Parsed("[" + group[0] + "]\n" + key[0] + value);
+                isShown = isShown || (shown.rfind("scenario /s:", 0) != 0 && shown != Parsed(""));
+            }
+            EXPECT_TRUE(isShown) << "Shown() does not show [" << group[0] << "] " << key[0];
+        }
+    }
 }
 
 } // namespace

@@ -86,9 +86,9 @@ TEST_F(Simulator, TakesReleasesMessagesAndAssertions)
     Give(1, {counter->GetReferenceCount(count), count}); // on no other pipeline
     TVServiceAPI::Destroy(pip.zoom);
     TVServiceAPI::Destroy(pip.zoom); // not there any more
-    TCApiPrintMessage("tag %d has %s", 12, "do\ndata");
+    TCApiPrintMessage("tag %d has %s", 12, "do\n\\\"d\xC3\xA4ta");
     _TCApiAssert("m_data", "a/b", 72, "why");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "tag 12 has do\ndata\nASSERT m_data at a/b:72: why\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "tag 12 has do\n\\\"d\xC3\xA4ta\nASSERT m_data at a/b:72: why\n");
 }
 
 // The id of a service.

@@ -1,13 +1,18 @@
-#include "host/call/ScenarioGroups.h"
-
+// Reads the groups of a scenario's key file.
+#include "host/call/Scenario.h"
 #include "host/call/Text.h"
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
+#include <glib.h>
 #include <iterator>
 #include <limits>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
+#include <unordered_set>
+#include <variant>
 
 namespace host
 {
@@ -15,6 +20,8 @@ namespace
 {
 
 constexpr int kMaxDelay = 3'600'000; // milliseconds
+constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
+constexpr const char* kService = "service"; // what the name of a service's group begins with
 
 template <class Number> std::optional<Number> ParseNumber(const std::string& text, int base = 10)
 {
@@ -34,6 +41,7 @@ template <class Map> std::vector<std::string> KeysOf(const Map& map)
 }
 
 struct Freer {
+    void operator()(GKeyFile* file) const { g_key_file_free(file); }
     void operator()(GError* error) const { g_error_free(error); }
     void operator()(char** list) const { g_strfreev(list); }
     void operator()(char* text) const { g_free(text); }
@@ -43,12 +51,21 @@ template <class T> using Owned = std::unique_ptr<T, Freer>;
 class Reader
 {
 public:
-    Reader(std::string path, GKeyFile* file) : m_path(std::move(path)), m_file(file) {}
+    explicit Reader(std::string path) : m_path(std::move(path)) {}
 
-    Scenario Read()
+    Scenario Read(std::string text)
     {
+        if (text.rfind(kByteOrderMark, 0) == 0)
+            text.erase(0, std::strlen(kByteOrderMark));
+        if (text.find('\0') != std::string::npos)
+            Fail("contains a zero byte");
+        CheckLines(text);
+        GError* raised = nullptr;
+        g_key_file_load_from_data(m_file.get(), text.c_str(), text.size(), G_KEY_FILE_KEEP_TRANSLATIONS, &raised);
+        if (const Owned<GError> error{raised})
+            Fail(Shortened(error->message));
         gsize count = 0;
-        const Owned<char*> groups(g_key_file_get_groups(m_file, &count));
+        const Owned<char*> groups(g_key_file_get_groups(m_file.get(), &count));
         for (gsize i = 0; i < count; ++i)
             ReadGroup(groups.get()[i]);
         return std::move(m_scenario);
@@ -56,73 +73,82 @@ public:
 
 private:
     using KeyReader = void (Reader::*)(const std::string& key);
+    using Field = std::variant<std::int32_t Scenario::*, bool Scenario::*, std::optional<std::uint64_t> Scenario::*>;
+
+    // The key file's parser would merge groups and keys that appear twice, and the loss of a service is better reported.
+    void CheckLines(const std::string& text)
+    {
+        std::unordered_set<std::string> groups, keys;
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) {
+            line = Stripped(line);
+            if (line.empty() || line[0] == '#')
+                continue;
+            if (line[0] == '[') {
+                m_group = line.substr(1, line.rfind(']') - 1);
+                keys.clear();
+                if (!groups.insert(m_group).second)
+                    Fail("[" + Shortened(m_group) + "]: appears twice");
+                continue;
+            }
+            const std::size_t end = line.find('=');
+            if (end == std::string::npos)
+                Fail("neither a group, a key nor a comment: " + Shortened(line));
+            const std::string key = Stripped(line.substr(0, end));
+            if (!keys.insert(key).second)
+                FailKey(key, "appears twice");
+        }
+    }
 
     void ReadGroup(const std::string& group)
     {
         static const std::map<std::string, KeyReader> readers = {
-            {"tv", &Reader::ReadTv},         {"vconf", &Reader::ReadVconf}, {"latest", &Reader::ReadLatest},
-            {"result", &Reader::ReadResult}, {"throw", &Reader::ReadThrow}, {"delay", &Reader::ReadDelay},
-            {"signal", &Reader::ReadSignal},
+            {"tv", &Reader::ReadField},      {"vconf", &Reader::ReadVconf},    {"latest", &Reader::ReadField},
+            {"result", &Reader::ReadResult}, {"throw", &Reader::ReadThrow},    {"delay", &Reader::ReadDelay},
+            {"signal", &Reader::ReadSignal}, {kService, &Reader::ReadService},
         };
         m_group = group;
-        KeyReader reader = &Reader::ReadService;
-        if (group.rfind("service", 0) == 0) {
+        const bool isService = group.rfind(kService, 0) == 0;
+        if (isService)
             m_scenario.services.emplace_back();
-        } else {
-            const auto found = readers.find(group);
-            if (found == readers.end()) {
-                std::vector<std::string> known = KeysOf(readers);
-                known.emplace_back("service");
-                throw std::runtime_error("scenario " + m_path + ": [" + Shortened(group) + "]: unknown group" +
-                                         NearestTo(group, known));
-            }
-            reader = found->second;
-        }
+        const auto reader = readers.find(isService ? kService : group);
+        if (reader == readers.end())
+            Fail("[" + Shortened(group) + "]: unknown group" + Suggestion(group, KeysOf(readers)));
         gsize count = 0;
-        const Owned<char*> keys(g_key_file_get_keys(m_file, group.c_str(), &count, nullptr));
+        const Owned<char*> keys(g_key_file_get_keys(m_file.get(), group.c_str(), &count, nullptr));
         for (gsize i = 0; i < count; ++i)
-            (this->*reader)(keys.get()[i]);
+            (this->*reader->second)(keys.get()[i]);
     }
 
-    void ReadTv(const std::string& key)
+    // A key that is a field of the scenario.
+    void ReadField(const std::string& key)
     {
-        static const std::map<std::string, std::int32_t Scenario::*> numbers = {
-            {"antenna_mode", &Scenario::antennaMode},
-            {"service_mode", &Scenario::serviceMode},
-            {"zoom_sharing_type", &Scenario::zoomSharingType},
+        static const std::map<std::string, std::map<std::string, Field>> groups = {
+            {"tv",
+             {
+                 {"antenna_mode", &Scenario::antennaMode},
+                 {"service_mode", &Scenario::serviceMode},
+                 {"caption_exist", &Scenario::captionExist},
+                 {"pid_set_status", &Scenario::pidSetStatus},
+                 {"zoom_available", &Scenario::zoomAvailable},
+                 {"zoom_sharing_type", &Scenario::zoomSharingType},
+             }},
+            {"latest",
+             {
+                 {"rf_cable", &Scenario::latestRFCable},
+                 {"rf_air", &Scenario::latestRFAir},
+                 {"veluna_cable", &Scenario::latestVelunaCable},
+                 {"veluna_air", &Scenario::latestVelunaAir},
+             }},
         };
-        static const std::map<std::string, bool Scenario::*> flags = {
-            {"caption_exist", &Scenario::captionExist},
-            {"pid_set_status", &Scenario::pidSetStatus},
-            {"zoom_available", &Scenario::zoomAvailable},
-        };
-        if (const auto number = numbers.find(key); number != numbers.end()) {
-            m_scenario.*number->second = Number<std::int32_t>(key);
-        } else if (const auto flag = flags.find(key); flag != flags.end()) {
-            m_scenario.*flag->second = Bool(key);
-        } else {
-            std::vector<std::string> known = KeysOf(numbers);
-            const std::vector<std::string> more = KeysOf(flags);
-            known.insert(known.end(), more.begin(), more.end());
-            Fail(key, "unknown key" + NearestTo(key, known));
-        }
+        const auto& fields = groups.at(m_group);
+        const auto field = fields.find(key);
+        if (field == fields.end())
+            FailKey(key, "unknown key" + Suggestion(key, KeysOf(fields)));
+        std::visit([&](auto member) { ReadValue(key, m_scenario.*member); }, field->second);
     }
 
-    void ReadVconf(const std::string& key) { m_scenario.vconf[key] = Number<std::int32_t>(key); }
-
-    void ReadLatest(const std::string& key)
-    {
-        static const std::map<std::string, std::optional<std::uint64_t> Scenario::*> ids = {
-            {"rf_cable", &Scenario::latestRFCable},
-            {"rf_air", &Scenario::latestRFAir},
-            {"veluna_cable", &Scenario::latestVelunaCable},
-            {"veluna_air", &Scenario::latestVelunaAir},
-        };
-        const auto id = ids.find(key);
-        if (id == ids.end())
-            Fail(key, "unknown key" + NearestTo(key, KeysOf(ids)));
-        m_scenario.*id->second = Number<std::uint64_t>(key);
-    }
+    void ReadVconf(const std::string& key) { ReadValue(key, m_scenario.vconf[key]); }
 
     void ReadService(const std::string& key)
     {
@@ -133,11 +159,14 @@ private:
         }
         const auto tag = ParseNumber<std::uint16_t>(key);
         if (!tag || std::to_string(*tag) != key)
-            Fail(key, "unknown key, neither the number of a field nor title");
-        std::optional<std::uint64_t> value;
-        if (!Raw(key).empty())
-            value = *tag == kServiceIdField ? Number<std::uint64_t>(key) : TagValue(key);
-        service.tags[*tag] = value;
+            FailKey(key, "unknown key, neither the number of a field nor title");
+        std::optional<std::uint64_t>& value = service.tags[*tag];
+        if (Raw(key).empty())
+            return;
+        if (*tag == kServiceIdField)
+            ReadValue(key, value);
+        else
+            value = TagValue(key);
     }
 
     // Fields other than the service id are 32 bits wide, and some of them are counts without a sign.
@@ -152,16 +181,16 @@ private:
 
     void ReadResult(const std::string& key)
     {
-        const std::string value = Raw(key);
-        const std::size_t blank = value.find_first_of(" \t");
-        const std::string word = blank == std::string::npos ? "" : value.substr(value.find_first_not_of(" \t", blank));
+        std::istringstream value(Raw(key));
+        std::string number, word;
+        std::getline(value >> number >> std::ws, word);
         Fault& fault = FaultAt(key);
-        fault.result = ParseNumber<std::int32_t>(value.substr(0, blank));
+        fault.result = ParseNumber<std::int32_t>(number);
         fault.object = word == "object";
         if (!fault.result)
             FailValue(key, "not a number of 32 bits");
         if (!word.empty() && word != "object")
-            FailValue(key, "only the word object may stand behind the number");
+            FailValue(key, "only the word object may follow the number");
         if (fault.object && !IsFactory(OperationAt(key)))
             FailValue(key, "only a factory makes an object");
     }
@@ -181,14 +210,13 @@ private:
     {
         const auto type = ParseNumber<std::int32_t>(key);
         if (!type || std::to_string(*type) != key)
-            Fail(key, "not the number of a signal type");
+            FailKey(key, "not the number of a signal type");
         TSSignalData& data = m_scenario.signals[*type];
-        const std::string value = Raw(key);
+        std::istringstream value(Raw(key));
         std::size_t count = 0;
-        for (std::size_t at = 0; at < value.size(); at = value.find_first_not_of(" \t", at + 2)) {
-            const auto byte = ParseNumber<std::uint8_t>(value.substr(at, 2), 16);
-            const bool ends = at + 2 >= value.size() || value[at + 2] == ' ' || value[at + 2] == '\t';
-            if (!byte || at + 2 > value.size() || !ends)
+        for (std::string word; value >> word;) {
+            const auto byte = ParseNumber<std::uint8_t>(word, 16);
+            if (!byte || word.size() != 2)
                 FailValue(key, "not bytes of two hexadecimal digits");
             if (count == kSignalBytes)
                 FailValue(key, "more than " + std::to_string(kSignalBytes) + " bytes");
@@ -202,7 +230,7 @@ private:
         const std::string name = key.substr(0, key.find('#'));
         const auto operation = OperationNamed(name);
         if (!operation)
-            Fail(key, "unknown operation" + NearestTo(name, OperationNames()));
+            FailKey(key, "unknown operation" + Suggestion(name, OperationNames()));
         return *operation;
     }
 
@@ -215,37 +243,44 @@ private:
         const std::string number = key.substr(mark + 1);
         const auto call = ParseNumber<unsigned>(number);
         if (!call || *call == 0 || std::to_string(*call) != number)
-            Fail(key, "calls are counted from 1");
+            FailKey(key, "the number of a call is 1 to 4294967295");
         return faults.byCall[*call];
     }
 
-    template <class T> T Number(const std::string& key)
+    void ReadValue(const std::string& key, std::int32_t& number)
     {
-        const auto number = ParseNumber<T>(Raw(key));
-        if (!number)
-            FailValue(key, sizeof(T) == sizeof(std::int32_t) ? "not a number of 32 bits" : "not a number of 64 bits");
-        return *number;
+        const auto parsed = ParseNumber<std::int32_t>(Raw(key));
+        if (!parsed)
+            FailValue(key, "not a number of 32 bits");
+        number = *parsed;
     }
 
-    bool Bool(const std::string& key)
+    void ReadValue(const std::string& key, std::optional<std::uint64_t>& number)
+    {
+        number = ParseNumber<std::uint64_t>(Raw(key));
+        if (!number)
+            FailValue(key, "not a number of 64 bits");
+    }
+
+    void ReadValue(const std::string& key, bool& flag)
     {
         const std::string value = Raw(key);
         if (value != "true" && value != "false")
             FailValue(key, "neither true nor false");
-        return value == "true";
+        flag = value == "true";
     }
 
-    // The value as it stands, without the blanks around it.
+    // The value without the blanks around it.
     std::string Raw(const std::string& key)
     {
-        const Owned<char> value(g_key_file_get_value(m_file, m_group.c_str(), key.c_str(), nullptr));
+        const Owned<char> value(g_key_file_get_value(m_file.get(), m_group.c_str(), key.c_str(), nullptr));
         return value ? Stripped(value.get()) : "";
     }
 
     std::string Text(const std::string& key)
     {
         GError* raised = nullptr;
-        const Owned<char> value(g_key_file_get_string(m_file, m_group.c_str(), key.c_str(), &raised));
+        const Owned<char> value(g_key_file_get_string(m_file.get(), m_group.c_str(), key.c_str(), &raised));
         const Owned<GError> error(raised);
         if (!value || error)
             FailValue(key, "not a text in UTF-8, or a wrong escape");
@@ -255,24 +290,28 @@ private:
     [[noreturn]] void FailValue(const std::string& key, const std::string& reason)
     {
         const std::string value = Raw(key);
-        const bool remark = value.find('#') != std::string::npos;
-        Fail(key, reason + ": " + Shortened(value) + (remark ? " (a comment needs a line of its own)" : ""));
+        const bool comment = value.find('#') != std::string::npos;
+        FailKey(key, reason + ": " + Shortened(value) + (comment ? " (a comment needs a line of its own)" : ""));
     }
 
-    [[noreturn]] void Fail(const std::string& key, const std::string& reason) const
+    [[noreturn]] void FailKey(const std::string& key, const std::string& reason) const
     {
-        throw std::runtime_error("scenario " + m_path + ": [" + Shortened(m_group) + "] " + Shortened(key) + ": " +
-                                 reason);
+        Fail("[" + Shortened(m_group) + "] " + Shortened(key) + ": " + reason);
+    }
+
+    [[noreturn]] void Fail(const std::string& reason) const
+    {
+        throw std::runtime_error("scenario " + m_path + ": " + reason);
     }
 
     std::string m_path;
-    GKeyFile* m_file;
+    const Owned<GKeyFile> m_file{g_key_file_new()};
     std::string m_group;
     Scenario m_scenario;
 };
 
 } // namespace
 
-Scenario ReadGroups(const std::string& path, GKeyFile* file) { return Reader(path, file).Read(); }
+Scenario ParseScenario(const std::string& path, const std::string& text) { return Reader(path).Read(text); }
 
 } // namespace host

@@ -13,7 +13,7 @@ namespace host
 namespace
 {
 
-// How many characters must be typed anew, left out or put in to make the one word of the other.
+// How many characters must be changed, removed or inserted to turn one word into the other (Levenshtein).
 std::size_t Distance(const std::string& a, const std::string& b)
 {
     std::vector<std::size_t> row(b.size() + 1);
@@ -31,24 +31,22 @@ std::size_t Distance(const std::string& a, const std::string& b)
 
 } // namespace
 
-std::string HexEscape(unsigned char byte)
-{
-    char code[5];
-    std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned>(byte));
-    return code;
-}
-
-std::string OneLine(const std::string& text)
+std::string OneLine(std::string_view text, bool asLiteral)
 {
     std::string line;
     for (const char character : text) {
         const auto byte = static_cast<unsigned char>(character);
-        if (character == '\n')
+        if (character == '\n') {
             line += "\\n";
-        else if (byte < 0x20 || byte == 0x7F)
-            line += HexEscape(byte);
-        else
+        } else if (byte < 0x20 || byte == 0x7F || (asLiteral && byte > 0x7F)) {
+            char code[5];
+            std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned>(byte));
+            line += code;
+        } else {
+            if (asLiteral && (character == '"' || character == '\\'))
+                line += '\\';
             line += character;
+        }
     }
     return line;
 }
@@ -71,16 +69,21 @@ std::string Shortened(const std::string& text)
     return std::string(valid.get(), g_utf8_offset_to_pointer(valid.get(), kMaxCharacters)) + "...";
 }
 
-std::string NearestTo(const std::string& word, const std::vector<std::string>& known)
+std::string Suggestion(const std::string& word, const std::vector<std::string>& known)
 {
+    constexpr std::size_t kFew = 10, kMaxDistance = 3, kMaxNearest = 2;
+    const bool few = known.size() <= kFew;
     std::set<std::pair<std::size_t, std::string>> ranked;
-    for (const std::string& candidate : known)
-        ranked.emplace(Distance(Shortened(word), candidate), candidate);
+    for (const std::string& candidate : known) {
+        const std::size_t distance = few ? 0 : Distance(Shortened(word), candidate);
+        if (distance <= kMaxDistance)
+            ranked.emplace(distance, candidate);
+    }
     std::string text;
-    auto candidate = ranked.begin();
-    for (const char* before : {"; nearest: ", ", "})
-        if (candidate != ranked.end())
-            text += before + (candidate++)->second;
+    std::size_t count = 0;
+    for (const auto& [distance, candidate] : ranked)
+        if (few || ++count <= kMaxNearest)
+            text += (text.empty() ? few ? "; known: " : "; nearest: " : ", ") + candidate;
     return text;
 }
 

@@ -1,17 +1,16 @@
-// Texts for people: on one line, not too long, and near to what was meant.
+// Texts of messages and of the trace.
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace host
 {
 
-/// The byte as `\xHH`.
-std::string HexEscape(unsigned char byte);
-
-/// The text with its line ends as `\n` and other control characters as `\xHH`.
-std::string OneLine(const std::string& text);
+/// The text with its line ends as `\n` and other control characters as `\xHH`; as a literal, quotes and backslashes are
+/// escaped, too, and bytes beyond ASCII are `\xHH`.
+std::string OneLine(std::string_view text, bool asLiteral = false);
 
 /// The text without the blanks around it.
 std::string Stripped(const std::string& text);
@@ -19,7 +18,8 @@ std::string Stripped(const std::string& text);
 /// The first 80 characters of the text, with "..." for the rest. What is not UTF-8 becomes U+FFFD.
 std::string Shortened(const std::string& text);
 
-/// The known words that are nearest to the word, as "; nearest: A, B".
-std::string NearestTo(const std::string& word, const std::vector<std::string>& known);
+/// What may have been meant by an unknown word: all known ones where these are few, as "; known: A, B", or else at most
+/// two that differ in at most three characters, as "; nearest: A, B".
+std::string Suggestion(const std::string& word, const std::vector<std::string>& known);
 
 } // namespace host

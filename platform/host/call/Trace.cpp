@@ -49,18 +49,7 @@ std::string ShowStep(const TCCriteriaHelper::Step& step)
 
 std::string Show(bool value) { return value ? "true" : "false"; }
 
-std::string Show(std::string_view text)
-{
-    std::string quoted = "\"";
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (character == '"' || character == '\\')
-            (quoted += '\\') += character;
-        else
-            quoted += byte < 0x7F ? OneLine({character}) : HexEscape(byte);
-    }
-    return quoted + '"';
-}
+std::string Show(std::string_view text) { return '"' + OneLine(text, /*asLiteral=*/true) + '"'; }
 
 std::string Show(const TSTvMode& mode)
 {

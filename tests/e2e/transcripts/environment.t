@@ -11,10 +11,10 @@ A scenario or trace that cannot be used. Nobody reads or writes the pipe; the tr
   scenario /proc/sys/kernel/ostype: neither a group, a key nor a comment: Linux
   [2]
   $ TVS_SCENARIO=/proc/self/environ DebugUtil
-  scenario /proc/self/environ: holds a zero byte
+  scenario /proc/self/environ: contains a zero byte
   [2]
   $ TVS_SCENARIO=/proc/self/mem DebugUtil
-  scenario /proc/self/mem: Input/output error
+  scenario /proc/self/mem: Error reading file \xe2\x80\x9c/proc/self/mem\xe2\x80\x9d: Input/output error (esc)
   [2]
   $ truncate -s 67108865 large; TVS_SCENARIO=large DebugUtil
   scenario large: larger than 64 MiB
