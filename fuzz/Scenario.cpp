@@ -1,4 +1,4 @@
-// The text of a scenario.
+// Reads any text as a scenario; a session with it must end in order, and an error must be one short line.
 #include "host/call/Text.h"
 #include "support/Session.h"
 
@@ -16,10 +16,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
                 scenario, "5 6 0 13 7 0 8 1 15 99 6 4 11 18 1 2 3 99 12 4 99 15 16 1 0 19 1 2 10 99 21 1 99");
             assert(session.wrong.empty());
         }
-    } catch (const std::runtime_error& refusal) {
-        const std::string reason = refusal.what(), line = host::OneLine(reason);
+    } catch (const std::runtime_error& error) {
+        const std::string reason = error.what(), line = host::OneLine(reason);
         assert(line.find('\n') == std::string::npos && line.size() < 1500);
-        // Group, key and value of 80 characters each, with the longest words around them, are less.
+        // Group, key and value have at most 80 characters each.
         assert(g_utf8_strlen(reason.c_str(), -1) < 380);
     }
     return 0;

@@ -99,9 +99,9 @@ bool ReadWord(std::string& word)
         if (std::exchange(isFirst, false) && word.rfind(kByteOrderMark, 0) == 0)
             word.erase(0, std::strlen(kByteOrderMark));
     } while (!ended && word.empty());
-    if (termination::WasRequested()) // the word may be the half of one
+    if (termination::WasRequested()) // the signal may have cut the word
         ended = true;
-    // A plug-in that was given a word for a number leaves the stream failed; that is not the end of input.
+    // A plug-in that read a word as a number leaves the stream failed; that is not the end of input.
     std::cin.clear(ended ? std::ios::eofbit | std::ios::failbit : std::ios::goodbit);
     return !ended;
 }

@@ -33,7 +33,7 @@ std::optional<std::int32_t> AskNumber(const std::string& prompt);
 /// After a plug-in, which may have made std::cin throw: it does not throw any more.
 void ResetStreams();
 
-/// Whether a read has found the end of input.
+/// Whether a read has met the end of input.
 bool InputEnded();
 
 /// The decimal number at the start of the word, 0 if there is none; beyond 32 bits the nearest number within.

@@ -1,5 +1,4 @@
-// The television that the host plays, recorded: results, outputs, what it remembers, what it raises, and its lines in
-// the trace. Each test has its record in a folder.
+// The simulated TV service: results, outputs, state, signals and trace. Each test has its record in the folder records.
 #include "host/simulator/Signals.h"
 #include "support/Recording.h"
 #include "support/Television.h"
@@ -13,7 +12,7 @@
 namespace
 {
 
-// The controls of one pipeline; they go with the television.
+// The controls of one pipeline; the simulator releases them.
 struct Controls {
     EProfile profile;
     int screenId;
@@ -47,7 +46,7 @@ protected:
     const Controls main{PROFILE_MAIN, 0}, pip{PROFILE_PIP, -1};
 };
 
-void Give(int expected, std::initializer_list<int> results)
+void ExpectAll(int expected, std::initializer_list<int> results)
 {
     for (const int result : results)
         EXPECT_EQ(result, expected);
@@ -68,7 +67,7 @@ int OnSignalEnd(ESignalType, EProfile, unsigned short, TSSignalData, void*)
     throw std::runtime_error("ended");
 }
 
-// What has been raised.
+// Delivers the signals that have been raised.
 void Deliver()
 {
     for (int i = 0; i < 100 && g_main_context_iteration(nullptr, FALSE) != FALSE; ++i)
@@ -82,16 +81,16 @@ TEST_F(Simulator, TakesReleasesMessagesAndAssertions)
     testing::internal::CaptureStderr();
     IReferenceCount* counter = nullptr;
     int count = 0;
-    Give(0, {TVServiceAPI::CreateReferenceCount(PROFILE_MAIN, -1, &counter)});
-    Give(1, {counter->GetReferenceCount(count), count}); // on no other pipeline
+    ExpectAll(0, {TVServiceAPI::CreateReferenceCount(PROFILE_MAIN, -1, &counter)});
+    ExpectAll(1, {counter->GetReferenceCount(count), count}); // those of another pipeline do not count
     TVServiceAPI::Destroy(pip.zoom);
-    TVServiceAPI::Destroy(pip.zoom); // not there any more
+    TVServiceAPI::Destroy(pip.zoom); // released already
     TCApiPrintMessage("tag %d has %s", 12, "do\n\\\"d\xC3\xA4ta");
     _TCApiAssert("m_data", "a/b", 72, "why");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "tag 12 has do\n\\\"d\xC3\xA4ta\nASSERT m_data at a/b:72: why\n");
 }
 
-// The id of a service.
+// Prints the id of a service.
 void Show(const TCServiceData& service)
 {
     const TCTagSet* tags = service.GetTagSet();
@@ -116,15 +115,15 @@ TEST_F(Simulator, FindsServices)
     };
     IService* service = nullptr;
     IServiceGuide* guide = nullptr;
-    Give(0, {TVServiceAPI::CreateService(&service), TVServiceAPI::CreateServiceGuide(&guide)});
-    TCServiceData first; // keeps nothing of what was found before
+    ExpectAll(0, {TVServiceAPI::CreateService(&service), TVServiceAPI::CreateServiceGuide(&guide)});
+    TCServiceData first; // each search replaces what the one before found
     for (const auto build : builders) {
         Criteria criteria;
         build(criteria);
         if (service->FindService(criteria, first, 3) == 1)
             Show(first);
         std::list<TCServiceData*> records;
-        Give(1, {main.navigation->FindServices(criteria, records, kCable, 3, 4)});
+        ExpectAll(1, {main.navigation->FindServices(criteria, records, kCable, 3, 4)});
         for (const TCServiceData* record : records)
             Show(*std::unique_ptr<const TCServiceData>(record));
     }
@@ -142,12 +141,12 @@ TEST_F(Simulator, RaisesWhatTheTunerReports)
     ISignalSubscriber *ended = nullptr, *subscriber = nullptr, *again = nullptr;
     IScanControl* scan = nullptr;
     IPipelineUtility* utility = nullptr;
-    Give(0, {TVServiceAPI::CreateSignalSubscriber(OnSignalEnd, &ended), TVServiceAPI::CreateScanControl(&scan),
-             TVServiceAPI::CreatePipelineUtility(PROFILE_PIP, -1, &utility),
-             TVServiceAPI::CreateSignalSubscriber(OnSignal, &subscriber),
-             TVServiceAPI::CreateSignalSubscriber(OnSignal, &again)});
+    ExpectAll(0, {TVServiceAPI::CreateSignalSubscriber(OnSignalEnd, &ended), TVServiceAPI::CreateScanControl(&scan),
+                  TVServiceAPI::CreatePipelineUtility(PROFILE_PIP, -1, &utility),
+                  TVServiceAPI::CreateSignalSubscriber(OnSignal, &subscriber),
+                  TVServiceAPI::CreateSignalSubscriber(OnSignal, &again)});
     EXPECT_EQ(subscriber, again);                    // known by its callback
-    TVServiceAPI::DestroySignalSubscriber(OnSignal); // plays a fault
+    TVServiceAPI::DestroySignalSubscriber(OnSignal); // has an injected result: it stays subscribed
     for (const auto type : {59, 60, 61, 81, 193, 194, 195})
         for (ISignalSubscriber* one : {ended, subscriber, again})
             one->AddSignal(static_cast<ESignalType>(type), 0, 1, 0, 0);
@@ -169,16 +168,16 @@ TEST_F(Simulator, RaisesWhatTheTunerReports)
     };
     for (const auto& call : calls) {
         TCTPMSStatus status;
-        Give(1, {call(), utility->GetCurrentTPMSStatus(status)});
+        ExpectAll(1, {call(), utility->GetCurrentTPMSStatus(status)});
         const TCPipelineInfo& info = status.pipelines.at({PROFILE_PIP, 65535});
         std::cout << "source " << info.source << " service " << info.serviceId << std::endl;
         Deliver();
     }
-    Give(1, {source->SetSource(SOURCE_TV, "")});
+    ExpectAll(1, {source->SetSource(SOURCE_TV, "")});
     host::SignalHub::Instance().Unsubscribe(OnSignal);
-    Deliver();                                              // nothing any more
-    TVServiceAPI::CreateSignalSubscriber(OnSignal, &again); // begins anew
-    Give(1, {source->SetSource(SOURCE_TV, "")});
+    Deliver();                                              // nobody is subscribed
+    TVServiceAPI::CreateSignalSubscriber(OnSignal, &again); // without the types added before
+    ExpectAll(1, {source->SetSource(SOURCE_TV, "")});
     Deliver();
     host::SignalHub::Instance().Unsubscribe(OnSignal);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "signal callback: ended\n");

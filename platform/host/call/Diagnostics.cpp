@@ -1,4 +1,4 @@
-// Assertions and log messages go to standard error and to the trace.
+// Assertions and log messages are printed on standard error and traced.
 #include "tvs-api-internal/Diagnostics.h"
 
 #include "host/call/Operation.h"

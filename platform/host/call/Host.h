@@ -1,4 +1,4 @@
-// What the host platform is set up with.
+// The state that all components of the host platform share.
 #pragma once
 
 #include "host/call/Scenario.h"
@@ -10,18 +10,19 @@
 namespace host
 {
 
-/// Made on first use and never destroyed, because static objects and signal threads may use it before `main` and while
-/// the process ends.
+/// Made on first use and never destroyed: static objects use it before `main`, and signal threads may use it while the
+/// process ends.
 struct Host {
     Scenario scenario;
     Trace trace;
-    std::array<std::atomic<unsigned>, kOperationCount> calls = {}; ///< of each operation so far
+    std::array<std::atomic<unsigned>, kOperationCount> calls = {}; ///< of each operation, so far
 
-    /// Sets up from the environment on the first call; ends the process with status 2 if the settings cannot be used.
+    /// The host that is in use. The first call sets it up from the environment; a setting that cannot be used ends the
+    /// process with status 2.
     static Host& Instance();
 
-    /// Puts another host in place and returns the one before, so that a process can play one television after the
-    /// other. No platform call may be running. Both belong to the caller.
+    /// Replaces the host that is in use and returns the previous one, so that a test can run one scenario after the
+    /// other. No platform call may be running. The caller keeps both alive.
     static Host& Exchange(Host& host);
 };
 

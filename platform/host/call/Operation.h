@@ -1,4 +1,4 @@
-// How every platform call runs: the scenario's fault or the work, then its line in the trace.
+// Every platform call runs through Operation: delay, injected fault or work, and the line in the trace.
 #pragma once
 
 #include "host/call/Host.h"
@@ -15,7 +15,7 @@
 namespace host
 {
 
-/// The output arguments that a call wrote, in their order.
+/// Writes the output arguments of a call and collects them for the trace.
 class Outputs
 {
 public:
@@ -31,7 +31,8 @@ private:
     std::string m_shown;
 };
 
-/// Runs `work(outputs)` as that call with those arguments and returns its result.
+/// Runs `work(outputs)` as the call `operation(arguments)`, traces it and returns its result. The scenario's fault for
+/// this call replaces the work; a fault that throws throws std::runtime_error. Any thread.
 template <class... Arguments, class Work>
 auto Operation(Op operation, const std::tuple<Arguments...>& arguments, Work&& work)
 {
@@ -72,7 +73,7 @@ auto Operation(Op operation, const std::tuple<Arguments...>& arguments, Work&& w
     }
 }
 
-/// The arguments of a call as Operation takes them.
+/// References to the arguments of a call, for Operation.
 template <class... Arguments> std::tuple<const Arguments&...> With(const Arguments&... arguments)
 {
     return {arguments...};

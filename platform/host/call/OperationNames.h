@@ -1,4 +1,4 @@
-// The names of the platform calls, from their one list.
+// The names of the platform calls, from the list in Operations.def.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 namespace host
 {
 
-/// A platform call: `Owner_Name`, or the name of a plain function.
+/// A platform call: `Owner_Name` for an operation of an interface or class, or the name of a plain function.
 enum class Op {
 #define OPERATION(owner, name) owner##_##name,
 #define FUNCTION(name) name,
@@ -20,16 +20,16 @@ enum class Op {
     COUNT
 };
 
-/// How the call stands in the trace and in a scenario.
+/// The call's name in the trace and in a scenario: `Owner::Name` or the name of a plain function.
 const char* NameOf(Op operation);
 
-/// The call of that name, or none.
+/// The call with that name, or none.
 std::optional<Op> OperationNamed(std::string_view name);
 
-/// All names.
+/// The names of all calls.
 std::vector<std::string> OperationNames();
 
-/// Whether the call fills in an object.
+/// Whether the call creates an object.
 bool IsFactory(Op operation);
 
 constexpr auto kOperationCount = static_cast<std::size_t>(Op::COUNT);

@@ -1,4 +1,4 @@
-// The television that the simulator plays, and the faults it plays, read from a GLib key file.
+// A scenario: the state and services of the simulated TV service, and the faults that it injects.
 #pragma once
 
 #include "host/call/OperationNames.h"
@@ -15,7 +15,7 @@
 namespace host
 {
 
-/// The one field of a service that has 64 bits.
+/// The field that holds the service id, the only one of 64 bits.
 constexpr int kServiceIdField = 12;
 
 /// A service of the database. A tag without a value is a field without data.
@@ -24,10 +24,10 @@ struct ScenarioService {
     std::optional<std::string> title; ///< UTF-8; none: no programme, empty: a programme without a title
 };
 
-/// What an operation does instead of its work, and how long it waits before that.
+/// What a call does instead of its work, and its delay before that. All are absent by default: the call does its work.
 struct Fault {
     std::optional<int> result;
-    bool object = false; ///< a factory with a result fills in its object all the same
+    bool object = false; ///< a factory returns the result and creates its object all the same
     std::optional<std::string> thrown;
     std::optional<std::chrono::milliseconds> delay;
 };
@@ -35,10 +35,10 @@ struct Fault {
 /// The faults of one operation.
 struct Faults {
     Fault always;
-    std::map<unsigned, Fault> byCall; ///< counted from 1; these beat the other
+    std::map<unsigned, Fault> byCall; ///< by number of the call, from 1; takes precedence
 };
 
-/// Signals carry that many bytes.
+/// Number of data bytes of a signal.
 constexpr std::size_t kSignalBytes = sizeof(TSSignalData::bytes);
 
 struct Scenario {
@@ -52,20 +52,20 @@ struct Scenario {
     std::optional<std::uint64_t> latestRFCable, latestRFAir, latestVelunaCable, latestVelunaAir;
     std::vector<ScenarioService> services;
     std::array<Faults, kOperationCount> faults; ///< by operation
-    std::map<int, TSSignalData> signals;        ///< what signals of a type carry, where that is given
+    std::map<int, TSSignalData> signals;        ///< data by signal type; other types carry zeros
 
-    /// Of the operation's call with that number, counted from 1.
+    /// The fault of the operation's call with that number, counted from 1.
     Fault FaultOf(Op operation, unsigned call) const;
 };
 
-/// Reads a scenario from the text of a key file; `path` names it in errors. Throws as LoadScenario.
+/// Reads a scenario from the text of a GLib key file. Throws std::runtime_error with one line that names `path` and the
+/// group, key and value that cannot be used.
 Scenario ParseScenario(const std::string& path, const std::string& text);
 
-/// Reads the file. Throws std::runtime_error with one line that names file, group, key and
-/// value of what is wrong.
+/// Reads the file, a regular one of at most 64 MiB. Throws as ParseScenario.
 Scenario LoadScenario(const std::string& path);
 
-/// The television that is played when no file is given, and its text.
+/// The scenario that is used when no file is given, and its text.
 Scenario BuiltInScenario();
 extern const char* const kBuiltInScenario;
 

@@ -1,4 +1,4 @@
-// The process's standard descriptors, and what the platform says on the third.
+// The standard descriptors of the process, and errors on standard error.
 #pragma once
 
 #include <string>
@@ -6,15 +6,15 @@
 namespace host
 {
 
-/// Gives each of the descriptors 0, 1 and 2 that is closed to /dev/null, so that no socket or file of the platform is
-/// taken for the console.
+/// Opens /dev/null on each of the descriptors 0, 1 and 2 that is closed, so that no socket or file of the platform gets
+/// its number.
 void KeepStandardDescriptors();
 
-/// Writes one line to standard error.
+/// Writes one line to standard error. Any thread.
 void PrintError(const std::string& line);
 
-/// Writes one line to standard error and ends the process with status 2. Static objects may be half made, so none of
-/// them is destroyed.
+/// Writes one line to standard error and ends the process with status 2. No static object is destroyed: some may not be
+/// constructed yet.
 [[noreturn]] void Fatal(const std::string& reason);
 
 } // namespace host

@@ -61,7 +61,7 @@ std::string Stripped(const std::string& text)
 std::string Shortened(const std::string& text)
 {
     constexpr glong kMaxCharacters = 80;
-    // Bytes that are no characters would not count.
+    // g_utf8_strlen needs valid UTF-8.
     const std::unique_ptr<char, decltype(&g_free)> valid(
         g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())), g_free);
     if (g_utf8_strlen(valid.get(), -1) <= kMaxCharacters)
@@ -71,7 +71,7 @@ std::string Shortened(const std::string& text)
 
 std::string Suggestion(const std::string& word, const std::vector<std::string>& known)
 {
-    constexpr std::size_t kFew = 10, kMaxDistance = 3, kMaxNearest = 2;
+    constexpr std::size_t kFew = 10, kMaxDistance = 3;
     const bool few = known.size() <= kFew;
     std::set<std::pair<std::size_t, std::string>> ranked;
     for (const std::string& candidate : known) {
@@ -80,10 +80,8 @@ std::string Suggestion(const std::string& word, const std::vector<std::string>& 
             ranked.emplace(distance, candidate);
     }
     std::string text;
-    std::size_t count = 0;
-    for (const auto& [distance, candidate] : ranked)
-        if (few || ++count <= kMaxNearest)
-            text += (text.empty() ? few ? "; known: " : "; nearest: " : ", ") + candidate;
+    for (const auto& entry : ranked)
+        text += (text.empty() ? (few ? "; known: " : "; nearest: ") : ", ") + entry.second;
     return text;
 }
 

@@ -15,7 +15,7 @@ namespace host
 namespace
 {
 
-// The elements between two brackets, each behind the first after a separator.
+// The elements, separated, between two brackets.
 template <class List, class Shower>
 std::string ShowAll(const List& list, const char* separator, const char* brackets, Shower show)
 {
@@ -30,19 +30,13 @@ std::string ShowAll(const List& list, const char* separator, const char* bracket
 
 std::string ShowStep(const TCCriteriaHelper::Step& step)
 {
-    const std::string field = std::to_string(step.field);
-    const std::string value = std::to_string(step.value);
-    switch (step.kind) {
-    case TCCriteriaHelper::Step::NAVIGATION:
+    using Step = TCCriteriaHelper::Step;
+    const std::string field = std::to_string(step.field), value = std::to_string(step.value);
+    if (step.kind == Step::NAVIGATION)
         return "navigation " + field + " " + value;
-    case TCCriteriaHelper::Step::WHERE:
-        return "where " + field + "=" + value;
-    case TCCriteriaHelper::Step::WHERE_NOT:
-        return "where not " + field + "=" + value;
-    case TCCriteriaHelper::Step::FETCH:
-        break;
-    }
-    return "fetch " + field;
+    if (step.kind == Step::FETCH)
+        return "fetch " + field;
+    return (step.kind == Step::WHERE ? "where " : "where not ") + field + "=" + value;
 }
 
 } // namespace
@@ -79,7 +73,7 @@ Trace::~Trace()
 
 void Trace::Open(const std::string& path)
 {
-    // A pipe that nobody reads is refused, not waited for.
+    // With O_NONBLOCK a pipe that nobody reads is an error; without, open would wait for a reader.
     m_path = path;
     m_descriptor = path == "-"
                        ? STDERR_FILENO
@@ -103,7 +97,7 @@ void Trace::Write(std::string line)
     }
 }
 
-// A full disk must not stop the engineer. The line that found no room goes as a whole.
+// On a full disk the partly written line is removed and tracing ends; the session goes on.
 void Trace::End(std::size_t written)
 {
     const std::string reason = std::strerror(errno);

@@ -14,12 +14,12 @@
 namespace host
 {
 
-/// A word that stands in the trace without quotes.
+/// A word that the trace shows without quotes.
 struct Bare {
     const char* word;
 };
 
-/// How values stand in the trace.
+/// Values as the trace shows them.
 std::string Show(bool value);
 std::string Show(std::string_view text);
 std::string Show(const TSTvMode& mode);
@@ -48,7 +48,7 @@ public:
     /// Opens the file and empties it; "-" is standard error. Throws std::runtime_error with one line.
     void Open(const std::string& path);
     bool IsOpen() const { return m_descriptor >= 0; }
-    /// Writes one line whole; a line end is added. When that cannot be done the trace ends, which is said once on
+    /// Writes a whole line and a line end. When it cannot be written, tracing ends and the reason is printed on
     /// standard error. Any thread.
     void Write(std::string line);
 

@@ -4,7 +4,6 @@
 #include "host/call/StandardStreams.h"
 #include "host/call/Text.h"
 
-#include <algorithm>
 #include <dlfcn.h>
 #include <unistd.h>
 
@@ -13,16 +12,15 @@ const char* const TCDebugMenuUtility::thinLine = "------------------------------
 
 bool TCDebugMenuUtility::IsNumber(const std::string& word)
 {
-    const std::size_t sign = !word.empty() && (word[0] == '+' || word[0] == '-') ? 1 : 0;
-    return word.size() > sign && std::all_of(word.begin() + static_cast<std::ptrdiff_t>(sign), word.end(),
-                                             [](char character) { return character >= '0' && character <= '9'; });
+    const std::size_t sign = word.find_first_of("+-") == 0 ? 1 : 0;
+    return word.size() > sign && word.find_first_not_of("0123456789", sign) == std::string::npos;
 }
 
 bool TCDebugMenuUtility::OpenLibrary(const char* path, const char* entry)
 {
     constexpr const char* sysroot = "DEBUGMENU_SYSROOT";
     const std::string file = host::Setting(sysroot).value_or("") + path;
-    // Never closed: a plug-in may leave threads, callbacks or exceptions of its own.
+    // Never closed: threads, callbacks and exceptions of the plug-in may still need its code.
     void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* symbol = library == nullptr ? nullptr : dlsym(library, entry);
     if (symbol == nullptr) {

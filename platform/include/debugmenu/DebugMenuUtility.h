@@ -1,4 +1,4 @@
-// What debug menus of the platform share.
+// What all debug menus of the platform use.
 #pragma once
 
 #include <string>
@@ -6,13 +6,14 @@
 class TCDebugMenuUtility
 {
 public:
-    static const char* const thickLine; ///< separator of a menu's frame, with its line end
-    static const char* const thinLine;  ///< separator inside a menu, with its line end
+    static const char* const thickLine; ///< separator of a menu's frame, with a line end
+    static const char* const thinLine;  ///< separator inside a menu, with a line end
 
-    /// Whether the word is an optional sign and decimal digits, and nothing else.
+    /// Whether the word is an optional sign and one or more decimal digits.
     static bool IsNumber(const std::string& word);
 
-    /// Loads the library, runs its entry (`extern "C" void entry()`) and returns true when that returns. False, with
-    /// the reason on standard error, when the library or the entry is not there. An exception of the entry passes.
+    /// Loads the library, calls its entry (`extern "C" void entry()`) on this thread and returns true. Returns false,
+    /// with the reason on standard error, when the library cannot be loaded or has no such entry. An exception of the
+    /// entry reaches the caller.
     static bool OpenLibrary(const char* path, const char* entry);
 };

@@ -75,13 +75,13 @@ Descriptors that are closed: no socket or file of the platform takes their numbe
 
 A signal that was ignored stays so.
 
-  $ says() { for i in {1..1000}; do grep -qs "$2" $1 && return; sleep 0.01; done; echo "$1 does not say $2"; }
+  $ wait_for() { for i in {1..1000}; do grep -qs "$2" $1 && return; sleep 0.01; done; echo "$1 does not contain $2"; }
   $ mkfifo in
-  $ (trap '' INT HUP; DebugUtil <in >out & exec 3>in; says out cmd; kill -INT $!; kill -HUP $!; echo 99 >&3; wait $!)
+  $ (trap '' INT HUP; DebugUtil <in >out & exec 3>in; wait_for out cmd; kill -INT $!; kill -HUP $!; echo 99 >&3; wait $!)
 
 Another one withdraws the simulated application.
 
-  $ TVS_TRACE=struck DebugUtil <in >out & exec 3>in; echo 6 17 1 >&3; says out ret=1; kill $!; exec 3>&-; wait $! 2>/dev/null; echo $?; tail -n 6 struck
+  $ TVS_TRACE=ended DebugUtil <in >out & exec 3>in; echo 6 17 1 >&3; wait_for out ret=1; kill $!; exec 3>&-; wait $! 2>/dev/null; echo $?; tail -n 6 ended
   143
   IPipelineUtility::RegisterForStateChange(0, "org.ostrel.sigtunepreptest1", 0) = 1
   IPipelineUtility::CheckPendingState(0) = 1 true
@@ -93,7 +93,7 @@ Another one withdraws the simulated application.
 A file that is full and then has room, a trace that is full, an input that is non-blocking, for a plug-in too.
 
   $ exec 3<>in
-  $ (ulimit -f 4; exec DebugUtil <&3 >>full 2>err) & printf '2 %.0s' {1..13} >&3; says err .; : >full; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' full
+  $ (ulimit -f 4; exec DebugUtil <&3 >>full 2>err) & printf '2 %.0s' {1..13} >&3; wait_for err .; : >full; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' full
   console: text was lost: File too large
   1
   $ for i in 1 2 3 4; do echo 5 7 0 7 1 15 99; done >words; (ulimit -f 1; TVS_TRACE=torn DebugUtil <words 2>&1 >/dev/null); tail -c 1 torn | wc -l; tail -n 1 torn
@@ -101,13 +101,13 @@ A file that is full and then has room, a trace that is full, an input that is no
   1
   TVServiceAPI::CreatePipelineUtility(1, 0) = 0
   $ mix() { perl -MFcntl -e 'fcntl(STDIN, F_SETFL, O_NONBLOCK)' <&3; }
-  $ mix; DebugUtil <&3 >waits & says waits Exit; mix; echo 2 >&3; says waits Player; sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 waits
+  $ mix; DebugUtil <&3 >waits & wait_for waits Exit; mix; echo 2 >&3; wait_for waits Player; sleep 0.1; mix; printf 9 >&3; sleep 0.1; echo 9 >&3; wait $!; tail -n 1 waits
   cmd> executing: Exit
-  $ mix; echo 6 >&3; DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT DebugUtil <&3 >plugged & says plugged Restart; echo 2 3 99 >&3; wait $!; grep -o 'executing: TV P.*' plugged
+  $ mix; echo 6 >&3; DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT DebugUtil <&3 >plugged & wait_for plugged Restart; echo 2 3 99 >&3; wait $!; grep -o 'executing: TV P.*' plugged
   executing: TV Plug in
 
 Standard error that is full and then has room.
 
   $ printf '[throw]\nIPipelineUtility::GetPIDSetStatus#1=%01100d\nIPipelineUtility::GetPIDSetStatus#2=short\n' 0 >scenario
-  $ (ulimit -f 1; TVS_SCENARIO=scenario exec DebugUtil <&3 >/dev/null 2>>err2) & echo 5 15 >&3; says err2 000; : >err2; echo 5 15 99 >&3; wait $!; cat err2
+  $ (ulimit -f 1; TVS_SCENARIO=scenario exec DebugUtil <&3 >/dev/null 2>>err2) & echo 5 15 >&3; wait_for err2 000; : >err2; echo 5 15 99 >&3; wait $!; cat err2
   TVS Debug: short
