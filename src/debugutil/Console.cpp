@@ -54,7 +54,7 @@ int Peek()
         errno = 0;
         next = std::cin.rdbuf()->sgetc();
     } while (next == EOF && MakeInputBlock());
-    if (next == EOF && errno != 0)
+    if (next == EOF && errno != 0 && !termination::WasRequested()) // a signal ends the input, too
         PrintError(std::string("console: cannot read the input: ") + std::strerror(errno));
     return next;
 }

@@ -93,14 +93,17 @@ TEST(Scenario, IsReadOrRejectedToTheLetter)
 
 TEST(Scenario, IsShownWithEveryKey)
 {
+    std::size_t count = 0;
     const char* const known = R"((?:known:|,) (\w+)(?=,|$))"; // the names that an error lists
     for (const auto& group : Matches(Parsed("[?]"), known)) {
         for (const auto& key : Matches(Parsed("[" + group[1] + "]\n?=1"), known)) {
             const std::string line = "[" + group[1] + "]\n" + key[1] + "=";
             EXPECT_TRUE(Parsed(line + "7") != Parsed("") && Parsed(line + "true") != Parsed(line + "false"))
                 << "Shown() does not show [" << group[1] << "] " << key[1];
+            ++count;
         }
     }
+    EXPECT_GE(count, 10U);
 }
 
 } // namespace
