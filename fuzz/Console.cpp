@@ -1,28 +1,33 @@
-// The words of a console session. The first line of an input holds the faults, each three letters: of which operation,
-// what it does instead of its work (t: throws, o: the object and 1, else a number), and at which call (a digit from 1)
-// or always; the rest is typed.
+// A console session. The first line of an input holds faults, parted by blanks: NAME=throw, NAME=object or NAME=NUMBER,
+// with NAME#N for the Nth call only. The rest is typed. An input with another fault is not valid.
 #include "support/Session.h"
 
+#include <algorithm>
 #include <cassert>
+#include <cstdlib>
 #include <sstream>
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
-    static const host::Scenario television = host::BuiltInScenario();
-    host::Scenario scenario = television;
-    std::istringstream input(std::string(data, data + size));
-    for (char letters[3]; input.get() != '\n' && input.unget() && input.read(letters, 3);) {
-        const auto operation = static_cast<unsigned char>(letters[0]) % host::kOperationCount;
-        const unsigned call = static_cast<unsigned>(letters[2] - '0');
-        host::Faults& all = scenario.faults[operation];
-        host::Fault& fault = call >= 1 && call <= 9 ? all.byCall[call] : all.always;
-        fault.object = letters[1] == 'o' && host::IsFactory(static_cast<host::Op>(operation));
-        if (letters[1] == 't')
+    static const host::Scenario builtIn = host::BuiltInScenario();
+    host::Scenario scenario = builtIn;
+    const std::string input(data, data + size), faults = input.substr(0, input.find('\n'));
+    std::istringstream words(faults);
+    for (std::string word; words >> word;) {
+        const std::size_t equals = word.find('='), mark = word.substr(0, equals).find('#');
+        const auto operation = host::OperationNamed(word.substr(0, std::min(mark, equals)));
+        if (!operation || equals == std::string::npos)
+            return -1;
+        host::Faults& all = scenario.faults[static_cast<std::size_t>(*operation)];
+        host::Fault& fault =
+            mark == std::string::npos ? all.always : all.byCall[static_cast<unsigned>(std::atoi(&word[mark + 1]))];
+        const std::string effect = word.substr(equals + 1);
+        fault.object = effect == "object" && host::IsFactory(*operation);
+        if (effect == "throw")
             fault.thrown = "fault";
         else
-            fault.result = fault.object ? 1 : letters[1] - '0';
+            fault.result = fault.object ? 1 : std::atoi(effect.c_str());
     }
-    const std::string words = input ? input.str().substr(static_cast<std::size_t>(input.tellg())) : "";
-    assert(PlaySession(scenario, words).wrong.empty());
+    assert(PlaySession(scenario, input.substr(std::min(faults.size() + 1, input.size()))).problems.empty());
     return 0;
 }

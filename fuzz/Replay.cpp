@@ -1,4 +1,4 @@
-// In the place of the fuzzer: plays each file of the folders once.
+// Instead of the fuzzer: plays each file of the folders once.
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
@@ -15,7 +15,10 @@ int main(int count, char** folders)
             std::cerr << entry.path() << std::endl;
             std::ifstream file(entry.path(), std::ios::binary);
             const std::vector<char> bytes(std::istreambuf_iterator<char>(file), {});
-            LLVMFuzzerTestOneInput(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+            if (LLVMFuzzerTestOneInput(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()) != 0) {
+                std::cerr << "the seed is not valid\n";
+                return 1;
+            }
         }
     }
 }

@@ -1,7 +1,7 @@
 // The bytes of a request as the service receives them. An input is a call as Ask takes it, or behind a ! the bytes that
 // are sent.
 #include "host/messaging/EmbeddedService.h"
-#include "support/Ask.h"
+#include "support/CallService.h"
 #include "support/Trees.h"
 
 #include <cassert>
@@ -21,7 +21,10 @@ constexpr const char* kShapes[][2] = {{"", "uT"}, {"T", "uT"}, {"", "u"}, {"", "
 static_assert(std::size(kShapes) == std::size(kDebugPrintMethodNames));
 
 // What an honest client sees of the service.
-std::string Look(const host::Bus& client) { return Ask(client, "Start 0") + Ask(client, "GetMenuItems 4"); }
+std::string Look(const host::Bus& client)
+{
+    return CallService(client, "Start 0") + CallService(client, "GetMenuItems 4");
+}
 
 void Send(const host::Bus& client, const std::string& bytes)
 {
@@ -52,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     TCTreeBranch request = Branch(std::move(words));
     NumberTags(request);
     try {
-        answer = Ask(client, said);
+        answer = CallService(client, said);
     } catch (const std::system_error&) {
         return 0; // there is no such message
     }

@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         if (text.find("[delay]") == std::string::npos) {
             const Session session = PlaySession(
                 scenario, "5 6 0 13 7 0 8 1 15 99 6 4 11 18 1 2 3 99 12 4 99 15 16 1 0 19 1 2 10 99 21 1 99");
-            assert(session.wrong.empty());
+            assert(session.problems.empty());
         }
     } catch (const std::runtime_error& error) {
         const std::string reason = error.what(), line = host::OneLine(reason);

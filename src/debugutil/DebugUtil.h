@@ -49,6 +49,7 @@ public:
     static int SignalReceivedCallback(ESignalType type, TSSignalData data, void* userData);
 
 private:
+    friend struct TSTestAccess;
     static void m_RunLocalMenu();
     static bool m_RunOption(std::int32_t number);
     static void m_RunRemotePass();

@@ -1,4 +1,4 @@
-// The menus beside their recorded sessions: odd words, operations that refuse, objects that are not made.
+// What one word more does, beside the recorded sessions: odd words, operations that fail, objects that are not made.
 #include "support/Match.h"
 #include "support/Recording.h"
 #include "support/Tool.h"
@@ -9,36 +9,36 @@
 namespace
 {
 
-const std::string kEnd = "‹end of input›\n";
-
-// What is printed and called between the last of the words and the end of the input behind it, on one line.
-std::string SaidAfter(const std::string& words, const std::string& scenario)
+// What is printed and called between the last of the words and the end of the input, in one line.
+std::string AnswerTo(const std::string& words, const std::string& scenario)
 {
-    const std::string told = Tell(words, scenario);
-    EXPECT_TRUE(!Matches(told, "<top>\ncmd> (" + kEnd + ")?$").empty()) << words << "\n" << told;
-    const std::size_t end = told.find(kEnd);
-    const std::size_t word = told.rfind("›\n", end);
-    return Replaced(told.substr(word + 4, end - word - 4), "\n", "⏎");
+    const std::string inputEnd = "‹end of input›\n", record = PlayWithEcho(words, scenario);
+    EXPECT_FALSE(Matches(record, "<top>\ncmd> (" + inputEnd + ")?$").empty()) << words << "\n" << record;
+    const std::size_t end = record.find(inputEnd);
+    const std::size_t lastWord = record.rfind("›\n", end);
+    return Replaced(record.substr(lastWord + 4, end - lastWord - 4), "\n", "⏎");
 }
 
+// answers.txt has a scenario, then headings and rows: words | OPERATION=RESULT | answer.
 TEST(Answers, AreThoseOfTheTable)
 {
+    const std::string row = R"(^([-+\w ]+?)(?: \|( \S+=[^|]*?)? \| .*| \|( \S+=.*))?$)";
     std::istringstream lines(ReadFile(ANSWERS_PATH));
-    std::string played, scenario, section;
-    for (std::string line; std::getline(lines, line) && !HasFailure(); played += line + "\n") {
-        const char* const row = R"(^([-+\w ]+?)(?: \|( \S+=[^|]*?)? \| .*| \|( \S+=.*))?$)";
+    std::string table, scenario, heading;
+    for (std::string line; std::getline(lines, line) && !HasFailure(); table += line + "\n") {
         if (line.rfind("---", 0) == 0) {
-            section = line;
-        } else if (section == "--- scenario") {
+            heading = line;
+        } else if (heading == "--- scenario") {
             scenario += line + "\n";
-        } else if (!section.empty()) {
-            const auto match = Matches(line, row).at(0);
-            const std::string fault = match.at(2) + match.at(3);
-            line = match[1] + " |" + fault + " | " + SaidAfter(match[1], scenario + "[result]\n" + fault);
+        } else if (!heading.empty()) {
+            const auto match = Matches(line, row);
+            ASSERT_EQ(match.size(), 1U) << "not a row of the table: " << line;
+            const std::string words = match[0][1], fault = match[0][2] + match[0][3];
+            line = words + " |" + fault + " | " + AnswerTo(words, scenario + "[result]\n" + fault);
         }
     }
     ASSERT_FALSE(HasFailure());
-    EXPECT_TRUE(IsAsRecorded(ANSWERS_PATH, played));
+    EXPECT_TRUE(IsAsRecorded(ANSWERS_PATH, table));
 }
 
 } // namespace

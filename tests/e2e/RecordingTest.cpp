@@ -1,4 +1,4 @@
-// The menus by recorded sessions: every command to the letter.
+// Recorded sessions of every command, compared character by character.
 #include "support/Recording.h"
 
 namespace
@@ -6,12 +6,12 @@ namespace
 
 using Recorded = testing::TestWithParam<std::string>;
 
-TEST_P(Recorded, IsPlayedToTheLetter)
+TEST_P(Recorded, IsPlayedAgain)
 {
     Recording recording = LoadRecording(GetParam());
-    recording.record = Tell(recording.input, recording.scenario) + "\n";
+    recording.record = PlayWithEcho(recording.input, recording.scenario) + "\n";
     EXPECT_TRUE(IsAsRecorded(recording));
-    EXPECT_TRUE(IsSame(Play(recording.input, recording.scenario) + "\n", WithoutWords(recording.record)));
+    EXPECT_TRUE(IsSame(Play(recording.input, recording.scenario) + "\n", WithoutEcho(recording.record)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Sessions, Recorded, testing::ValuesIn(RecordingNames()),

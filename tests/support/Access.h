@@ -1,11 +1,13 @@
-// What the tests use of the TPMS menu's private part.
+// What the tests use of the private part of the menus.
 #pragma once
 
 #include "debugutil/DebugMenuTPMS.h"
+#include "debugutil/DebugUtil.h"
 
 struct TSTestAccess {
     static constexpr auto epgDataFeeding = &TCDebugMenuTPMS::m_EpgDataFeeding;
     static constexpr auto invalidServiceTest = &TCDebugMenuTPMS::m_InvalidServiceTest;
     static constexpr auto setBootupService = &TCDebugMenuTPMS::m_SetBootupService;
+    static constexpr bool* exitDebugMenu = &TCDebugUtil::m_exitDebugMenu;
     static constexpr auto signalSubscriber = &TCDebugMenuTPMS::m_signalSubscriber;
 };

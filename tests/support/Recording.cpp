@@ -1,12 +1,13 @@
 #include "support/Recording.h"
 
 #include "support/Match.h"
-#include "support/Screens.h"
 #include "support/Tool.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 
 namespace
@@ -28,6 +29,20 @@ std::string Run(const char* tool, const std::string& input, const std::string& s
     process.Type(input);
     const int status = process.End();
     return FoldMenus(process.Text() + (status == 0 ? "" : "exit status " + std::to_string(status) + "\n"));
+}
+
+std::map<std::string, std::string> LoadMenus()
+{
+    std::map<std::string, std::string> menus;
+    std::istringstream text(ReadFile(kMenus));
+    std::string name;
+    for (std::string line; std::getline(text, line);) {
+        if (line.rfind('<', 0) == 0)
+            name = line + "\n";
+        else
+            menus[name] += line + "\n";
+    }
+    return menus;
 }
 
 } // namespace
@@ -60,14 +75,23 @@ Recording LoadRecording(const std::string& name)
     return recording;
 }
 
-std::string Tell(const std::string& input, const std::string& scenario)
+std::string PlayWithEcho(const std::string& input, const std::string& scenario)
 {
-    return Run(TELLING_TOOL_PATH, input, scenario);
+    return Run(ECHOING_TOOL_PATH, input, scenario);
 }
 
 std::string Play(const std::string& input, const std::string& scenario) { return Run(TOOL_PATH, input, scenario); }
 
-std::string WithoutWords(const std::string& told) { return Replaced(told, "(‹.*›|«.*»)\n"); }
+std::string WithoutEcho(const std::string& record) { return Replaced(record, "(‹.*›|«.*»)\n"); }
+
+std::string FoldMenus(std::string text)
+{
+    static const std::map<std::string, std::string> menus = LoadMenus();
+    for (const auto& [name, menu] : menus)
+        for (std::size_t at = 0; (at = text.find(menu, at)) != std::string::npos;)
+            text.replace(at, menu.size(), name);
+    return text;
+}
 
 testing::AssertionResult IsSame(const std::string& seen, const std::string& expected)
 {
@@ -85,10 +109,34 @@ testing::AssertionResult IsAsRecorded(const std::string& path, const std::string
 {
     if (SettingOr("DEBUGUTIL_RECORD", 0) != 0)
         std::ofstream(path) << seen;
-    return IsSame(seen, ReadFile(path));
+    const auto same = IsSame(seen, ReadFile(path));
+    const testing::TestInfo* const test = testing::UnitTest::GetInstance()->current_test_info();
+    return same ? same
+                : testing::AssertionFailure()
+                      << same.message() << "To record it: DEBUGUTIL_RECORD=1 " << program_invocation_name
+                      << " --gtest_filter=" << test->test_suite_name() << "." << test->name();
 }
 
 testing::AssertionResult IsAsRecorded(const Recording& recording)
 {
     return IsAsRecorded(PathOf(recording), FileText(recording));
+}
+
+void ExpectExchanges(const std::string& name, const std::vector<std::string>& required,
+                     const std::function<std::string(const std::string& request)>& answer)
+{
+    const std::string path = EXCHANGES_PATH "/" + name;
+    std::istringstream lines(ReadFile(path));
+    std::string exchanges, last;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.rfind("> ", 0) != 0)
+            continue;
+        const std::string next = answer(line.substr(2)) + "\n";
+        exchanges += (next == last ? "" : last) + line + "\n";
+        last = next;
+    }
+    EXPECT_TRUE(IsAsRecorded(path, exchanges + last));
+    for (const std::string& request : required)
+        EXPECT_TRUE(("\n" + exchanges).find("\n> " + request + " ") != std::string::npos)
+            << path << " has no request \"> " << request << "\"";
 }

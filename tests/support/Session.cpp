@@ -1,10 +1,10 @@
 #include "support/Session.h"
 
-#include "debugutil/DebugUtil.h"
 #include "host/simulator/Signals.h"
 #include "host/simulator/Simulator.h"
+#include "support/Access.h"
+#include "support/ConsoleScope.h"
 #include "support/Match.h"
-#include "support/Television.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -13,11 +13,12 @@
 namespace
 {
 
-// A call that is none of those that leave.
-const std::string kSends(R"(\n(?!TVServiceAPI::Destroy|IPipelineUtility::(CheckPending|Unregister)|TCM\S*, "Stop"))"
-                         R"((TVServiceAPI|TCM|I[A-Z])\w+::\w+\()");
+// A call that does something other than release.
+const std::string
+    kSendingCall(R"(\n(?!TVServiceAPI::Destroy|IPipelineUtility::(CheckPending|Unregister)|TCM\S*, "Stop"))"
+                 R"((TVServiceAPI|TCM|I[A-Z])\w+::\w+\()");
 
-// Of the operation's calls those that a fault kept from their work.
+// How many calls of the operation did not do their work, because of a fault.
 std::size_t FailuresOf(host::Op operation)
 {
     const host::Host& host = host::Host::Instance();
@@ -34,26 +35,26 @@ std::size_t FailuresOf(host::Op operation)
 Session PlaySession(host::Scenario scenario, const std::string& words)
 {
     setenv("DEBUGMENU_SYSROOT", SYSROOT_PATH, 1);
-    Television television(std::move(scenario));
-    television.onWord = [](const std::string& word) { std::cout << WordByWord::Told(word) << std::flush; };
-    television.Type(words + "\n");
-    TCDebugUtil::m_exitDebugMenu = false; // by the session before
+    ConsoleScope scope(std::move(scenario));
+    scope.onWord = [](const std::string& word) { std::cout << WordByWord::Shown(word) << std::flush; };
+    scope.Type(words + "\n");
+    *TSTestAccess::exitDebugMenu = false; // the session before set it
     TCDebugUtil::StartMenu();
 
     host::SignalHub& hub = host::SignalHub::Instance();
-    hub.Unsubscribe(TCDebugUtil::SignalReceivedCallback); // the monitor may stay
+    hub.Unsubscribe(TCDebugUtil::SignalReceivedCallback); // the subscription of the monitor is never released
     const std::size_t subscriptions = hub.UnsubscribeAll();
-    Session session{television.TakeRecord(), "", {}};
+    Session session{scope.TakeRecord(), "", {}};
     const auto& calls = host::Host::Instance().calls;
     std::copy(calls.begin(), calls.end(), session.calls.begin());
     if (host::Simulator::Instance().controls.size() != FailuresOf(host::Op::TVServiceAPI_Destroy))
-        session.wrong += "an object is left\n";
+        session.problems += "an object was not released\n";
     if (session.record.find("\nTVServiceAPI::Destroy(unknown)") != std::string::npos)
-        session.wrong += "an object was released twice\n";
+        session.problems += "an object was released twice\n";
     if (subscriptions > FailuresOf(host::Op::TVServiceAPI_DestroySignalSubscriber))
-        session.wrong += "a subscription is left\n";
-    const std::size_t end = session.record.find(WordByWord::Told(""));
-    if (end != std::string::npos && !Matches(session.record.substr(end), kSends).empty())
-        session.wrong += "something was called behind the end of the input\n";
+        session.problems += "a subscription was not released\n";
+    const std::size_t end = session.record.find(WordByWord::Shown(""));
+    if (end != std::string::npos && !Matches(session.record.substr(end), kSendingCall).empty())
+        session.problems += "a call was made after the end of the input\n";
     return session;
 }

@@ -6,10 +6,10 @@
 #include <string>
 
 struct Session {
-    std::string record;                                ///< what was typed, printed and called, errors included
-    std::string wrong;                                 ///< empty if all was left in order
+    std::string record;                                ///< what was read, printed and called, errors included
+    std::string problems;                              ///< empty if everything was released, and nothing sent too late
     std::array<unsigned, host::kOperationCount> calls; ///< of each operation
 };
 
-/// Types the words into the shell, which plays that scenario, and ends the input behind them.
+/// Types the words into the shell, on a simulator with that scenario, and then ends the input.
 Session PlaySession(host::Scenario scenario, const std::string& words);

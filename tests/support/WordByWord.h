@@ -1,4 +1,4 @@
-// Hands out the words of an input one by one, each when it is asked for, so that something can happen in between.
+// An input that reads one word at a time, so that something can happen before the next one.
 #pragma once
 
 #include <cctype>
@@ -16,8 +16,8 @@ public:
     {
     }
 
-    /// How a word stands in a record.
-    static std::string Told(const std::string& word) { return word.empty() ? "‹end of input›\n" : "‹" + word + "›\n"; }
+    /// A word as a record shows it.
+    static std::string Shown(const std::string& word) { return word.empty() ? "‹end of input›\n" : "‹" + word + "›\n"; }
 
 protected:
     int_type underflow() override

@@ -1,6 +1,6 @@
 // Words longer than anybody types, and how texts are written.
 #include "debugutil/Console.h"
-#include "support/Television.h"
+#include "support/ConsoleScope.h"
 
 #include <cerrno>
 #include <gtest/gtest.h>
@@ -9,9 +9,8 @@
 
 TEST(Console, CutsAWordAfterAMebibyte)
 {
-    Television television;
-    television.Type(std::string((1 << 20) + 1, 'x') + " " + std::string(1 << 20, 'y') + " z " +
-                    std::string(3 << 20, 'x'));
+    ConsoleScope scope;
+    scope.Type(std::string((1 << 20) + 1, 'x') + " " + std::string(1 << 20, 'y') + " z " + std::string(3 << 20, 'x'));
     std::vector<std::size_t> lengths; // what is cut off is no word of its own, at the end of the input either
     for (std::string word; console::ReadWord(word) && lengths.size() < 9;)
         lengths.push_back(word.size());
@@ -29,7 +28,7 @@ struct Screen : std::stringbuf {
 TEST(Console, WritesALineAtOnceAndReportsALossWithItsOwnReason)
 {
     Screen screen;
-    const Television television; // resets the streams at the end
+    const ConsoleScope scope; // resets the streams at the end
     std::cout.rdbuf(&screen);
     std::cerr.rdbuf(&screen);
     console::WriteLine("line");

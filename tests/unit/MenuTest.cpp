@@ -1,6 +1,6 @@
 // The return values of the TPMS tests, which the menu ignores, and the longest list.
 #include "support/Access.h"
-#include "support/Television.h"
+#include "support/ConsoleScope.h"
 
 #include <gmock/gmock.h>
 
@@ -25,8 +25,8 @@ TEST(TPMSTests, ReturnWhetherTheyRan)
         {bootup, "IServiceNavigation::SetBootupService=0", "2", false},
     };
     for (const auto& [test, fault, words, expected] : cases) {
-        Television television(host::ParseScenario("(test)", std::string("[result]\n") + fault));
-        television.Type(words);
+        ConsoleScope scope(host::ParseScenario("(test)", std::string("[result]\n") + fault));
+        scope.Type(words);
         EXPECT_EQ((TCDebugMenuTPMS().*test)(), expected) << fault;
     }
 }
@@ -35,20 +35,20 @@ TEST(TPMSTests, CountTitlesIn16Bits)
 {
     host::Scenario scenario = host::ParseScenario("(test)", "[service]\n4=1\n12=1\n13=2\n14=3\ntitle=x\n");
     scenario.services.resize(65'536 + 300, scenario.services[0]);
-    Television television(scenario);
-    television.Type("1 99");
+    ConsoleScope scope(scenario);
+    scope.Type("1 99");
     (TCDebugMenuTPMS().*TSTestAccess::epgDataFeeding)();
-    EXPECT_THAT(television.TakeRecord(), testing::HasSubstr("\tno data in 65536 programs\n"));
+    EXPECT_THAT(scope.TakeRecord(), testing::HasSubstr("\tno data in 65536 programs\n"));
 }
 
 TEST(TPMSTests, AddNoSignalsWhenAnotherSubscriptionFails)
 {
-    Television television(host::ParseScenario("(test)", "[result]\nTVServiceAPI::CreateSignalSubscriber#2=-1\n"));
-    television.Type("99 18 6 99 99");
+    ConsoleScope scope(host::ParseScenario("(test)", "[result]\nTVServiceAPI::CreateSignalSubscriber#2=-1\n"));
+    scope.Type("99 18 6 99 99");
     TCDebugMenuTPMS menu;
     menu.Enter();
     menu.Enter();
-    EXPECT_THAT(television.TakeRecord(), testing::Not(testing::HasSubstr("ISignalSubscriber")));
+    EXPECT_THAT(scope.TakeRecord(), testing::Not(testing::HasSubstr("ISignalSubscriber")));
 }
 
 } // namespace

@@ -1,9 +1,8 @@
 // Calls to a TV service: how long it may take, and what the real one answers.
 #include "tvs-api-internal/Messaging.h"
 #include "host/messaging/Channel.h"
-#include "support/Ask.h"
-#include "support/Screens.h"
-#include "support/Talk.h"
+#include "support/CallService.h"
+#include "support/Recording.h"
 
 #include <gtest/gtest.h>
 #include <thread>
@@ -155,18 +154,19 @@ TEST(DebugPrintService, AnswersEveryMethod)
 {
     host::EmbeddedService service;
     const host::Bus client = service.Connect();
-    ExpectTalk("service.talk", [&](const std::string& said) { return FoldMenus(Ask(client, said)); });
+    ExpectExchanges("service", {std::begin(kDebugPrintMethodNames), std::end(kDebugPrintMethodNames)},
+                    [&](const std::string& request) { return FoldMenus(CallService(client, request)); });
     const auto setName = [&client](unsigned size) {
         const std::string name = "[0:u" + std::to_string(size) + " 1:'" + std::string(size, 'n') + "']";
-        return Ask(client, "SetMenuItems 5 0:[-1:[0:" + name + " 1:y0 2:u1]]");
+        return CallService(client, "SetMenuItems 5 0:[-1:[0:" + name + " 1:y0 2:u1]]");
     };
     EXPECT_EQ(setName(16 << 20), "0:u1");
     EXPECT_EQ(setName((16 << 20) + 1), "the names are too long for an answer");
     std::string tooMany;
     for (int i = 0; i <= 100'000; ++i)
         tooMany += " 0:y1";
-    EXPECT_EQ(Ask(client, "Stop 2" + tooMany), "Message too long");
-    EXPECT_EQ(Ask(client, "Stop 2" + tooMany.substr(5)), "more values than the method takes");
+    EXPECT_EQ(CallService(client, "Stop 2" + tooMany), "Message too long");
+    EXPECT_EQ(CallService(client, "Stop 2" + tooMany.substr(5)), "more values than the method takes");
 }
 
 } // namespace

@@ -1,8 +1,7 @@
-// The proxy and the shell's remote half on a messaging that only records: what a set's is handed.
+// The proxy and the remote menu on a messaging double that records each call.
 #include "debugutil/DebugUtil.h"
 #include "support/Process.h"
-#include "support/Screens.h"
-#include "support/Talk.h"
+#include "support/Recording.h"
 #include "support/Trees.h"
 #include "tvs-api-internal/Diagnostics.h"
 
@@ -16,11 +15,12 @@ namespace
 
 const std::string kInterface = "com.kavrin.IDebugPrintControl";
 
-// Calls and console, in their order. What goes on printing without an end is ended here.
+// Calls and console, in their order. A shell that prints without end is stopped.
 struct RecordBuffer : std::stringbuf {
     std::streamsize xsputn(const char* text, std::streamsize size) override
     {
-        return str().size() < 100'000 ? std::stringbuf::xsputn(text, size) : throw std::length_error("has no end");
+        return str().size() < 100'000 ? std::stringbuf::xsputn(text, size)
+                                      : throw std::length_error("prints without end");
     }
 };
 
@@ -43,8 +43,9 @@ std::string TakeRecord()
     return text;
 }
 
-// How each call goes, one a line: + or - for its success, with what the reply fills; ! and ? for an exception.
-std::stringstream plays;
+// How the next calls end, one a line: + (succeeds) or - (fails) with the values of the reply; ! throws a
+// std::exception, ? throws something else.
+std::stringstream outcomes;
 
 } // namespace
 
@@ -72,9 +73,9 @@ void TCMarshallingHelper::PushMarshalableClass(EMarshallingDirection direction, 
 bool TCMarshallingHelperProxy::Run(TVServiceAPIConnection* connection, std::string& interfaceName,
                                    const std::string& method, short number, bool reserved)
 {
-    const char how = static_cast<char>(plays.get());
+    const char how = static_cast<char>(outcomes.get());
     std::string text;
-    std::getline(plays, text);
+    std::getline(outcomes, text);
     TCTreeBranch reply = Branch(std::istringstream(text)), pushed; // the direction stands where the tag does
     auto next = reply.GetChildren().begin();
     for (const auto& [direction, width, plain, object] : m_values) {
@@ -105,8 +106,8 @@ void _TCApiAssert(const char* expression, const char* path, unsigned long line, 
 namespace
 {
 
-// Each operation with that reply: how it is called, and its results with that reply and success, the reply and failure,
-// and without a reply failure and success.
+// A request of the table is an operation and the values of a reply. The answer is the call that the proxy makes, then
+// its result, text and value when the call succeeds with that reply, fails with it, fails without and succeeds without.
 TEST(Proxy, MakesEachCallAsTheServiceKnowsIt)
 {
     TSMenuItem item;
@@ -131,19 +132,20 @@ TEST(Proxy, MakesEachCallAsTheServiceKnowsIt)
         {"SetDebugMode", [&] { return proxy->SetDebugMode(EDebugMode(77), false); }},
         {"IsDebugModeEnabled", [&] { return proxy->IsDebugModeEnabled(DEBUG_MODE_PERFORMANCE); }},
     };
-    ExpectTalk("proxy.talk", [&](const std::string& said) {
-        const std::string name = said.substr(0, said.find(' ')), reply = said.substr(name.size());
-        std::string called, results;
-        for (const std::string& play : {"+" + reply, "-" + reply, std::string("-"), std::string("+")}) {
-            plays = std::stringstream(play);
-            text = "old";
-            value = 5;
-            const std::int32_t result = operations[name]();
-            results += " | " + std::to_string(result) + " " + text + " " + std::to_string(value);
-            called = TakeRecord();
-        }
-        return called + results;
-    });
+    ExpectExchanges(
+        "proxy", {std::begin(kDebugPrintMethodNames), std::end(kDebugPrintMethodNames)}, [&](auto& request) {
+            const std::string name = request.substr(0, request.find(' ')), reply = request.substr(name.size());
+            std::string called, results;
+            for (const std::string& outcome : {"+" + reply, "-" + reply, std::string("-"), std::string("+")}) {
+                outcomes = std::stringstream(outcome);
+                text = "old";
+                value = 5;
+                const std::int32_t result = operations.at(name)();
+                results += " | " + std::to_string(result) + " " + text + " " + std::to_string(value);
+                called = TakeRecord();
+            }
+            return called + results;
+        });
     proxy = nullptr;
     EXPECT_EQ(TakeRecord(), "closed");
     EXPECT_EQ(TCDebugPrintControlProxy(kInterface, nullptr).Stop(), -1);
@@ -167,14 +169,14 @@ TEST(MarshalableString, KeepsEveryByteAndAssertsWithoutAString)
     EXPECT_EQ(received + std::to_string(size), sent + "3");
 }
 
-TEST(Shell, GoesByTheResultsOfRemoteCallsAndReportsTheirExceptions)
+TEST(Shell, FollowsTheResultsOfRemoteCallsAndReportsTheirExceptions)
 {
-    plays = std::stringstream(ReadFile(TALKS_PATH "/shell.replies"));
+    outcomes = std::stringstream(ReadFile(EXCHANGES_PATH "/shell.replies"));
     static std::istringstream words("1 1 1 1 003 +3\nx\ty\xC3\xA4\xFF\" 1 99 1 3 1");
     std::cin.rdbuf(words.rdbuf());
     TakeRecord();
     TCDebugUtil::StartMenu();
-    EXPECT_EQ(FoldMenus(TakeRecord()), ReadFile(TALKS_PATH "/shell.record"));
+    EXPECT_TRUE(IsAsRecorded(EXCHANGES_PATH "/shell.record", FoldMenus(TakeRecord())));
 }
 
 } // namespace

@@ -2,9 +2,9 @@
 #include "debugutil/DebugUtil.h"
 #include "host/simulator/Signals.h"
 #include "support/Access.h"
+#include "support/ConsoleScope.h"
 #include "support/Match.h"
 #include "support/Process.h"
-#include "support/Television.h"
 
 #include <algorithm>
 #include <atomic>
@@ -56,12 +56,12 @@ class Engineer
 public:
     Engineer(const std::string& words, host::SignalCallback settled, const std::function<void()>& raise,
              const std::string& scenario = "")
-        : m_television(host::ParseScenario("(test)", scenario)), m_settled(settled)
+        : m_scope(host::ParseScenario("(test)", scenario)), m_settled(settled)
     {
         testing::internal::CaptureStderr();
         host::SignalHub::Instance().Subscribe(m_settled)->AddSignal(kLast, 0, 0, 0, 0);
-        m_television.Type(words);
-        m_television.onWord = [raise](const std::string&) {
+        m_scope.Type(words);
+        m_scope.onWord = [raise](const std::string&) {
             const int before = g_settled;
             raise();
             Raise(kLast);
@@ -76,13 +76,13 @@ public:
     {
         std::string printed = testing::internal::GetCapturedStderr();
         const char* const line = "(?:\tSIGNAL_|\\[DebugUtil\\] Signal|TVServiceAPI::DestroySignal).*\n";
-        for (const auto& found : Matches(m_television.TakeRecord(), line))
+        for (const auto& found : Matches(m_scope.TakeRecord(), line))
             printed += found[0];
         return printed;
     }
 
 private:
-    Television m_television;
+    ConsoleScope m_scope;
     host::SignalCallback m_settled;
 };
 

@@ -1,7 +1,7 @@
 // The simulated TV service: results, outputs, state, signals and trace. Each test has its record in the folder records.
 #include "host/simulator/Signals.h"
+#include "support/ConsoleScope.h"
 #include "support/Recording.h"
-#include "support/Television.h"
 #include "tvs-api-internal/Diagnostics.h"
 
 #include <functional>
@@ -31,14 +31,14 @@ struct Controls {
 class Simulator : public testing::Test
 {
 protected:
-    Simulator() { television.TakeRecord(); }
+    Simulator() { scope.TakeRecord(); }
     void TearDown() override
     {
         const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-        EXPECT_TRUE(IsAsRecorded(RECORD_PATH "/" + name, television.TakeRecord()));
+        EXPECT_TRUE(IsAsRecorded(RECORD_PATH "/" + name, scope.TakeRecord()));
     }
 
-    Television television{host::ParseScenario(
+    ConsoleScope scope{host::ParseScenario(
         "(test)", "[tv]\nantenna_mode=1\nservice_mode=2\n"
                   "[service a]\n1=2\n12=4096\n13=5\n25=0\ntitle=Sp\xC3\xA4t\n[service b]\n12=4096\n13=6\n"
                   "[service c]\n1=9\n12=\n13=-5\ntitle=x\n[service d]\n12=18446744073709551615\n13=5\ntitle=\n"
@@ -150,7 +150,7 @@ TEST_F(Simulator, RaisesWhatTheTunerReports)
     for (const auto type : {59, 60, 61, 81, 193, 194, 195})
         for (ISignalSubscriber* one : {ended, subscriber, again})
             one->AddSignal(static_cast<ESignalType>(type), 0, 1, 0, 0);
-    television.TakeRecord();
+    scope.TakeRecord();
     testing::internal::CaptureStderr();
     const auto& source = pip.source;
     const std::function<int()> calls[] = {

@@ -74,7 +74,9 @@ template <class Values> bool TakeReply(const Values& values, std::vector<TCTreeN
 } // namespace
 
 // Hidden: the library exports the connection only.
-struct __attribute__((visibility("hidden"))) TVServiceAPIConnection::Channel {
+class __attribute__((visibility("hidden"))) TVServiceAPIConnection::Channel
+{
+public:
     explicit Channel(std::string objectPath)
         : busSetting(host::Setting("TVS_BUS")),
           channel(std::move(objectPath), host::OpenStepOf(busSetting), std::make_unique<host::BusTransport>(busSetting))

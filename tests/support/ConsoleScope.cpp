@@ -1,4 +1,4 @@
-#include "support/Television.h"
+#include "support/ConsoleScope.h"
 
 #include "host/simulator/Simulator.h"
 
@@ -7,7 +7,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-Television::Television(host::Scenario scenario)
+ConsoleScope::ConsoleScope(host::Scenario scenario)
     : m_record(memfd_create("record", MFD_CLOEXEC)),
       m_path("/proc/self/fd/" + std::to_string(m_record)), m_host{std::move(scenario), {}},
       m_hostBefore(host::Host::Exchange(m_host)), m_before{std::cin.rdbuf(&m_input), std::cout.rdbuf(m_output.rdbuf()),
@@ -20,7 +20,7 @@ Television::Television(host::Scenario scenario)
     std::cin.clear();
 }
 
-Television::~Television()
+ConsoleScope::~ConsoleScope()
 {
     std::cin.rdbuf(m_before[0]);
     std::cout.rdbuf(m_before[1]);
@@ -31,13 +31,13 @@ Television::~Television()
     close(m_record);
 }
 
-void Television::Type(const std::string& words)
+void ConsoleScope::Type(const std::string& words)
 {
     m_typed.str(words);
     std::cin.clear();
 }
 
-std::string Television::TakeRecord()
+std::string ConsoleScope::TakeRecord()
 {
     std::string text(static_cast<std::size_t>(lseek(m_record, 0, SEEK_END) - m_taken), '\0');
     text.resize(static_cast<std::size_t>(std::max<ssize_t>(pread(m_record, text.data(), text.size(), m_taken), 0)));

@@ -1,11 +1,11 @@
-#include "support/Ask.h"
+#include "support/CallService.h"
 
 #include "support/Trees.h"
 
 #include <cerrno>
 #include <sstream>
 
-std::string Ask(const host::Bus& client, const std::string& call)
+std::string CallService(const host::Bus& client, const std::string& call)
 {
     std::istringstream stream(call);
     std::int16_t number = -1;
@@ -23,7 +23,7 @@ std::string Ask(const host::Bus& client, const std::string& call)
     const int result = sd_bus_call(client.get(), made, 0, &error, &received);
     if (result == -EINTR) { // the fuzzer's timer
         sd_bus_error_free(&error);
-        return Ask(client, call);
+        return CallService(client, call);
     }
     if (result >= 0)
         answer.GetChildren() = host::ReadValues(received);

@@ -1,4 +1,4 @@
-// A television and a console inside the test's own process.
+// A console and a simulator inside the test's own process.
 #pragma once
 
 #include "host/call/Host.h"
@@ -10,20 +10,20 @@
 #include <streambuf>
 #include <string>
 
-/// Plays a scenario for one scope. The console's streams are the test's meanwhile: what is typed is read from here, and
-/// what is printed and called is recorded. One at a time.
-class Television
+/// For its lifetime the simulator has that scenario, the standard streams are the test's, and what is printed and called
+/// is recorded. One at a time.
+class ConsoleScope
 {
 public:
-    explicit Television(host::Scenario scenario = host::BuiltInScenario());
-    ~Television();
-    Television(const Television&) = delete;
-    Television& operator=(const Television&) = delete;
+    explicit ConsoleScope(host::Scenario scenario = host::BuiltInScenario());
+    ~ConsoleScope();
+    ConsoleScope(const ConsoleScope&) = delete;
+    ConsoleScope& operator=(const ConsoleScope&) = delete;
 
-    /// What is read from the console next; then its input ends.
+    /// The words that are read next; after them the input ends.
     void Type(const std::string& words);
 
-    /// What has been printed and called since the record was last taken, in the order in which it happened.
+    /// What was printed and called since the last call, in that order.
     std::string TakeRecord();
 
     /// Called with each word as it is read, and with "" at the end of the input.

@@ -1,6 +1,5 @@
-// Linked into a second build of the tool: each word that is read is told on standard output at the moment it is read,
-// so that what is typed, printed and called stands in one stream, in the order in which it happened. A wait stands in it,
-// too, as the C library is asked for it, and the end of the event loop.
+// Linked into a second build of the tool: it shows each word on standard output where it is read, so that words, texts
+// and calls are in one stream, in their order. It shows each wait, too, and the end of the event loop.
 #include "support/WordByWord.h"
 
 #include <dlfcn.h>
@@ -11,7 +10,7 @@
 // Read until the process ends.
 [[maybe_unused]] static const auto* const g_input = [] {
     auto* input = new WordByWord(*std::cin.rdbuf(),
-                                 [](const std::string& word) { std::cout << WordByWord::Told(word) << std::flush; });
+                                 [](const std::string& word) { std::cout << WordByWord::Shown(word) << std::flush; });
     std::cin.rdbuf(input);
     return input;
 }();
