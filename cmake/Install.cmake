@@ -40,6 +40,7 @@ function(install_located file folder)
 endfunction()
 install_located(com.kavrin.TVService.service ${CMAKE_INSTALL_DATADIR}/dbus-1/system-services)
 install_located(tvserviced.service lib/systemd/system)
+manual(lab debugutil-script.1)
 manual(platform tvserviced.8)
 # The operations of a scenario and a trace have one list.
 set(list ${PROJECT_SOURCE_DIR}/platform/host/call/Operations.def)

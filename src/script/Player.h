@@ -1,0 +1,47 @@
+// Plays a checked script.
+#pragma once
+
+#include "script/Script.h"
+#include "script/Session.h"
+
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace script
+{
+
+/// Awaits the lines of a script one after the other and types their words.
+class Player : private Session
+{
+public:
+    /// Each line is awaited for at most that time. With `tap` standard output gets a line in TAP for each step.
+    Player(std::string name, std::vector<Line> lines, std::chrono::milliseconds limit, bool tap);
+
+    /// Returns whether every line was met and the command ended with 0. What was not is printed to standard error.
+    /// Throws std::runtime_error if the command cannot be started.
+    bool Play(const std::vector<std::string>& command);
+
+private:
+    void m_OnLine(const PrintedLine& line) override;
+    void m_OnPrompt(const std::string& prompt, bool forLong) override;
+    void m_OnEnd() override;
+    bool m_IsPlaying() const { return m_next < m_lines.size() && m_InputIsOpen(); }
+    void m_Met();
+    void m_AwaitNext();
+    void m_Fail(const std::string& where);
+    void m_Report(bool passed, const std::string& step);
+
+    const std::string m_name;
+    const std::vector<Line> m_lines;
+    const bool m_tap;
+    std::size_t m_next = 0;
+    std::size_t m_reported = 0;
+    bool m_failed = false;
+    Timer m_waiting;
+    std::string m_prompt;              // at which the tool waits
+    std::deque<std::string> m_printed; // since the last word, the newest lines
+    std::size_t m_dropped = 0;         // of these, the older ones
+};
+
+} // namespace script

@@ -1,0 +1,92 @@
+// A console program on pipes: what it prints, the words that it gets, and its end.
+#pragma once
+
+#include "script/Screen.h"
+
+#include <chrono>
+#include <functional>
+#include <gio/gio.h>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace script
+{
+
+/// Calls a function once on the main loop, unless it is stopped before.
+class Timer
+{
+public:
+    Timer() = default;
+    ~Timer() { Stop(); }
+    Timer(const Timer&) = delete;
+    Timer& operator=(const Timer&) = delete;
+
+    void Start(std::chrono::milliseconds delay, std::function<void()> function);
+    void Stop();
+
+private:
+    static gboolean Expire(gpointer timer);
+    std::function<void()> m_function;
+    guint m_source = 0;
+};
+
+/// Runs the command once. All calls come on the thread of Run(), on the default main context.
+class Session
+{
+public:
+    /// A command that has not ended that long after the end of its input is killed.
+    explicit Session(std::chrono::milliseconds limit) : m_limit(limit) {}
+    virtual ~Session() = default;
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+protected:
+    /// Starts the command and returns when it has ended and all its output has been read. A SIGHUP, SIGINT or SIGTERM
+    /// closes its input; when the command has ended, the process ends by that signal. Throws std::runtime_error if the
+    /// command cannot be started.
+    void m_Run(const std::vector<std::string>& command);
+    /// Types the word if the command takes it. A word has at most 4,095 bytes, as at a terminal.
+    bool m_Type(const std::string& word);
+    void m_CloseInput();
+    bool m_InputIsOpen() const { return m_input >= 0; }
+    /// Whether the command ended by itself with status 0.
+    bool m_EndedWell() const;
+    /// How the command ended, as "the command ended with status 3"; empty while it runs.
+    std::string m_Ending() const;
+    std::chrono::milliseconds m_Limit() const { return m_limit; }
+
+    virtual void m_OnOutput(std::string_view /*output*/) {}
+    virtual void m_OnLine(const PrintedLine& line) = 0;
+    /// The tool waits at the prompt. Called again when it has waited for long, and after lines that came since.
+    virtual void m_OnPrompt(const std::string& prompt, bool forLong) = 0;
+    /// The command has ended and no signal has ended the session.
+    virtual void m_OnEnd() = 0;
+
+private:
+    static gboolean OnReadable(int output, GIOCondition, gpointer session);
+    static void OnExit(GObject*, GAsyncResult* result, gpointer session);
+    void m_CatchSignals();
+    void m_TakeSignals();
+    void m_ReadOutput(int output);
+    void m_EndOutput();
+    void m_Settle(bool forLong);
+    void m_QuitIfEnded();
+
+    const std::chrono::milliseconds m_limit;
+    std::unique_ptr<GSubprocess, decltype(&g_object_unref)> m_process{nullptr, g_object_unref};
+    std::unique_ptr<GMainLoop, decltype(&g_main_loop_unref)> m_loop{g_main_loop_new(nullptr, FALSE), g_main_loop_unref};
+    Screen m_screen;
+    Timer m_settling;
+    Timer m_leaving;
+    int m_input = -1;
+    guint m_reader = 0;
+    guint m_catcher = 0;
+    bool m_exited = false;
+    bool m_killed = false;
+    int m_signal = 0;
+    gint64 m_signalTime = 0;
+};
+
+} // namespace script

@@ -1,0 +1,245 @@
+Checked scripts: a script, a shell that plays the tool, and what debugutil-script says of them.
+
+  $ plays() { printf "$1" >s; debugutil-script -t ${T:-10} s sh -c "$2"; echo $?; }
+  $ says() { for i in {1..1000}; do grep -qs "$2" $1 && return; sleep 0.01; done; echo "$1 does not say $2"; }
+  $ prompt='printf "cmd> "; read w && echo "got $w";'
+
+Comments, empty lines, CR LF and a byte-order mark are skipped; blanks are not; the last line may lack its end.
+
+  $ plays '\357\273\277# c\r\n\r\ncmd> 5\r\ngot 5' "$prompt"
+  0
+  $ for line in 'a ' ' a' A ' ' 'cmd>' 'cmd> '; do T=0.5 plays "$line\n" 'echo a; printf "cmd> "; read w' 2>&1 | tail -n 1; done | uniq -c
+        6 1
+  $ plays ' a \nb\n' 'echo; echo " a "; printf "x\n\nb"'
+  0
+  $ plays '\357\277\275a\n' 'printf "\377a\r\n"'
+  0
+
+Patterns match whole lines; a line may be the pattern itself.
+
+  $ matches() { printf '%s\n' "$1" >s; printf '%s\n' "$2" >printed; debugutil-script s cat printed 2>/dev/null; echo "$? $1"; }
+  $ for line in 'a.*c (re)' 'ab+ (re)' '(x|abc) (re)' 'x|abcd (re)' 'a*c (glob)' 'ab? (glob)' '*b* (glob)' 'a\*c (glob)' '? (glob)' 'abc* (glob)' 'b* (glob)' '(?x)abc (re)'; do matches "$line" abc; done
+  0 a.*c (re)
+  1 ab+ (re)
+  0 (x|abc) (re)
+  1 x|abcd (re)
+  0 a*c (glob)
+  0 ab? (glob)
+  0 *b* (glob)
+  1 a\*c (glob)
+  1 ? (glob)
+  0 abc* (glob)
+  1 b* (glob)
+  0 (?x)abc (re)
+  $ matches 'a+ (re)' 'a+ (re)'; matches '? (glob)' 'é'; matches 'é. (re)' 'éé'; matches '\?\*\\\d* (glob)' '?*\\dx'
+  0 a+ (re)
+  0 ? (glob)
+  0 é. (re)
+  0 \?\*\\\d* (glob)
+  $ matches '(a|aa)+c|a* (re)' aaaaaaaaaaaaaaaaaaaaaaaaaaaaa # too many steps
+  1 (a|aa)+c|a* (re)
+
+One line after the other; what is printed between them is passed over, and none counts twice.
+
+  $ plays 'a\nc\n' 'echo a; echo b; echo c'
+  0
+  $ for script in 'c\na\n' 'a\na\n' 'a\nd\n'; do plays "$script" 'echo a; echo b; echo c'; done 2>&1 | grep expected
+  s:2: expected a
+  s:2: expected a
+  s:2: expected d
+
+A word goes to its own prompt: not to another, not to a piece of it, and not two at once.
+
+  $ plays 'Input ? >13\ngot 13\n' 'printf "Input ? "; sleep 0.2; printf ">"; read w; echo "got $w"'
+  0
+  $ plays 'name:x\ngot x\n' 'printf na; sleep 0.1; printf "me:"; read w; echo "got $w"'
+  0
+  $ plays 'cmd> 5\ncmd> 6\ngot 6\n' "$prompt $prompt"
+  0
+  $ T=0.5 plays 'cmd> 5 6\n' "$prompt"
+  s:1: expected cmd> 5 6
+  s:1: stands instead: at the prompt cmd> 
+  s:1: printed since the last word: nothing
+  1
+  $ T=0.5 plays 'cmd> 5\nInput ? >1\nx\n' "echo menu; $prompt echo refused; $prompt echo end >&2"
+  s:2: expected Input ? >1
+  s:2: stands instead: at the prompt cmd> 
+  s:2: printed since the last word:
+    got 5
+    refused
+  end
+  1
+
+A signal that comes late is awaited, and the prompt goes on standing; one in the middle of a line does not part it.
+
+  $ plays 'cmd> 1\nlate\ncmd> 99\ngot 99\n' "$prompt printf 'cmd> '; sleep 0.2; echo late; read w; echo got \$w"
+  0
+  $ plays 'cmd> late line\ncmd> 99\ngot 99\n' "printf 'cmd> '; sleep 0.2; echo late line; read w; echo got \$w"
+  0
+  $ signal='\tSIGNAL_SI_STARTED -> profile:702\n'
+  $ plays "${signal}${signal}cmd> 99\ngot 99\n" "printf 'cmd> $signal$signal'; read w; echo got \$w"
+  0
+  $ plays 'FindService failed for major=5\ncmd> 99\n' "printf 'FindService failed${signal}'; sleep 0.1; printf ' for major=5\ncmd> '; read w"
+  0
+  $ plays 'failed for major=5\ncmd> 99\ngot 99\n' "printf failed; sleep 0.1; echo ' for major=5'; $prompt"
+  0
+
+A command that ends before or otherwise, closes its output, hangs, ignores SIGTERM, floods, leaves a child, takes no word.
+
+  $ plays 'a\nb\n' 'echo a; exit 3'
+  s:2: expected b
+  s:2: stands instead: the command ended with status 3
+  s:2: printed since the last word:
+    a
+  1
+  $ plays 'a\n' 'echo a; exit 3'
+  s: the command ended with status 3
+  1
+  $ plays 'a\n' 'echo a; kill -9 $$'
+  s: the command ended by signal 9
+  1
+  $ T=0.5 plays 'a\n' 'exec >&-; read w'
+  s:1: expected a
+  s:1: stands instead: no prompt
+  s:1: printed since the last word: nothing
+  1
+  $ T=0.5 plays 'a\n' 'echo a; exec sleep 60'
+  s: the command did not end after its input and was killed
+  1
+  $ T=0.5 plays 'a\n' 'trap "" TERM; echo a; while :; do sleep 0.1; done'
+  s: the command did not end after its input and was killed
+  1
+  $ T=0.5 plays 'a\n' 'exec yes' 2>&1 | sed 's/([0-9]*/(many/' | sort | uniq -c
+        1   (many lines before these)
+      200   y
+        1 1
+        1 s:1: expected a
+        1 s:1: printed since the last word:
+        1 s:1: stands instead: no prompt
+  $ T=3 plays 'a\nb\n' 'echo a; sleep 9 2>/dev/null & exit' 2>&1 | grep stands
+  s:2: stands instead: the command ended with status 0
+  $ plays 'cmd> 5\na\n' 'printf "cmd> "; exec <&-; sleep 0.1; echo a' 2>&1 | grep -A 1 expected
+  s:1: expected cmd> 5
+  s:1: stands instead: the command ended with status 0
+
+A termination signal: the tool leaves in order first.
+
+  $ printf 'a\nb\n' >s
+  $ for end in HUP TERM; do debugutil-script s sh -c 'echo a; echo x >here; read w || { sleep 0.1; echo left; } >left' & says here .; kill -$end $!; wait $! 2>/dev/null; echo $?; cat left; rm here; done
+  129
+  left
+  143
+  left
+  $ mkfifo in; (trap '' HUP; exec debugutil-script s sh -c 'kill -HUP $$; echo a; echo x >here; read w <in; echo b') & says here .; kill -HUP $!; sleep 0.05; echo >in; wait $!; echo $?
+  0
+
+What cannot be played: status 2, and nothing is started.
+
+  $ plays 'a\n( (re)\n' 'touch started'
+  debugutil-script: s:2: * (glob)
+  2
+  $ plays 'a\n\377\n' 'touch started'
+  debugutil-script: s:2: the line is not UTF-8 text
+  2
+  $ echo a >s; for arguments in none . /dev/zero '-t 0 s' '-t x s' '' '--what s' '--tap --record s' 's none'; do debugutil-script $arguments; echo $?; done 2>&1
+  debugutil-script: cannot read none: Error opening file .*: No such file or directory (re)
+  2
+  debugutil-script: cannot read .: .*directory (re)
+  2
+  debugutil-script: cannot read /dev/zero: larger than 64 MiB
+  2
+  debugutil-script: SECONDS is not between 0 and 86400; try debugutil-script --help
+  2
+  debugutil-script: Cannot parse double value \xe2\x80\x9cx\xe2\x80\x9d for -t; try debugutil-script --help (esc)
+  2
+  debugutil-script: no FILE; try debugutil-script --help
+  2
+  debugutil-script: Unknown option --what; try debugutil-script --help
+  2
+  debugutil-script: --tap and --record exclude each other; try debugutil-script --help
+  2
+  debugutil-script: cannot start none: .* (re)
+  2
+  $ ls started
+  ls: * (glob)
+  [2]
+  $ debugutil-script --help | head -n 2
+  Usage:
+    debugutil-script [OPTION?] FILE [COMMAND [ARGUMENT...]] (glob)
+
+A line a step for a CI.
+
+  $ printf 'cmd> 5\na # b\nc\n' >s; debugutil-script --tap -t 0.3 -- s sh -c 'printf "cmd> "; read w; echo "a # b"' 2>/dev/null
+  1..4
+  ok 1 - cmd> 5
+  ok 2 - a \# b
+  not ok 3 - c
+  [1]
+
+What is recorded is what is seen; it passes when it is played, also where a line looks like a pattern, a comment or a prompt.
+
+  $ echo >tool 'printf "FindService failed"; sleep 0.1; printf "\n#a\n\n*? (re)\nb\r\r\ncmd> "; read w; printf "major> "; sleep 0.1; echo x; read w; printf "got $w (glob)\n"; exit $EXIT'
+  $ { echo 5; sleep 0.4; echo 6 7; } | debugutil-script --record r sh tool | tr '\r' ^; tr '\r' ^ <r; debugutil-script r sh tool; echo $?
+  FindService failed
+  #a
+  
+  *? (re)
+  b^^
+  cmd> major> x
+  got 6 (glob)
+  FindService failed
+  ?a (glob)
+  \*\? (re) (glob)
+  b^ (glob)
+  cmd> 5
+  major> x (glob)
+  major> 6
+  got 6 (glob) (glob)
+  0
+  $ echo 5 6 | EXIT=7 debugutil-script --record r sh tool | tail -n 1; echo ${PIPESTATUS[1]}
+  r: the command ended with status 7
+  got 6 (glob)
+  1
+
+Signals that come with the lines of a step are comments, later ones are awaited.
+
+  $ echo >tool "printf 'cmd> '; read w; printf 'done\n${signal}cmd> ${signal}'; sleep 0.5; printf '$signal'; read w"
+  $ { sleep 0.3; echo 5; sleep 1; echo 99; } | debugutil-script --record r sh tool >/dev/null; cat r; debugutil-script r sh tool
+  cmd> 5
+  done
+  # 	SIGNAL_SI_STARTED -> profile:702 (esc)
+  # 	SIGNAL_SI_STARTED -> profile:702 (esc)
+  	SIGNAL_SI_STARTED -> profile:702 (esc)
+  cmd> 99
+
+At the end of the input, or where no prompt comes, the recording ends and passes.
+
+  $ echo 5 | debugutil-script --record r DebugUtil >/dev/null; tail -n 2 r; debugutil-script r; echo $?
+   99 : Exit
+  ====================================
+  0
+  $ echo 5 6 | debugutil-script -t 0.3 --record r cat; echo $?; cat r
+  r: no prompt for the word 5
+  1
+  $ for file in none/r /dev/full; do echo 99 | debugutil-script --record $file DebugUtil >/dev/null; echo $?; done
+  debugutil-script: cannot write none/r: No such file or directory
+  2
+  /dev/full: cannot write all of it
+  1
+
+At a terminal: editing, Ctrl-C, Ctrl-D. (`script` makes the terminal.)
+
+  $ mkfifo keys; exec 4<>keys
+  $ terminal() { : >screen; TVS_TRACE=trace perl -e '$SIG{INT} = "DEFAULT"; exec @ARGV' script -qefc "debugutil-script --record r DebugUtil" /dev/null <keys >screen & }
+  $ terminal; says screen 'cmd>'; printf '5 7 9\1771\r' >&4; says screen 'Source.0'; sleep 0.1; printf '\003' >&4; wait $!; echo $?; cat trace
+  130
+  TVServiceAPI::CreateSourceControl(1, 1) = 0
+  ISourceControl::GetSource() = 1 0
+  TVServiceAPI::Destroy(ISourceControl)
+  $ tail -n 2 r; debugutil-script r; echo $?
+   99 : Exit
+  ====================================
+  0
+  $ terminal; says screen 'cmd>'; printf '5\r' >&4; says screen 'Get Source'; sleep 0.1; printf '\004' >&4; wait $!; echo $?; debugutil-script r; echo $?
+  0
+  0
