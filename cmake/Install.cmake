@@ -1,8 +1,15 @@
-# What goes where: component `tool` is what ships on a set, `platform` the workstation's television, `dev` the headers.
+# What is installed: component `tool` is what ships on a TV set, `platform` the simulated TV service of the workstation,
+# `dev` the headers, `lab` what scripts and labs of TV sets start from.
 include(GNUInstallDirs)
-set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 find_program(GZIP gzip REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+
+# place(COMPONENT FOLDER ARGUMENTS...): install(ARGUMENTS...) into that folder. CMake itself would give a missing folder the
+# mode that the umask leaves.
+function(place component folder)
+    install(CODE "execute_process(COMMAND sh -c [[umask 022 && exec mkdir -p \"$0\"]]
+        \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${folder}\" COMMAND_ERROR_IS_FATAL ANY)" COMPONENT ${component})
+    install(${ARGN} DESTINATION ${folder} COMPONENT ${component})
+endfunction()
 
 # manual(COMPONENT PAGE): man/PAGE.in with the version filled in, compressed as Debian has it.
 function(manual component page)
@@ -11,38 +18,36 @@ function(manual component page)
     configure_file(man/${page}.in ${made} @ONLY)
     add_custom_command(OUTPUT ${made}.gz COMMAND ${GZIP} -9nkf ${made} DEPENDS ${made} VERBATIM)
     add_custom_target(manual-${page} ALL DEPENDS ${made}.gz)
-    install(FILES ${made}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man${section} COMPONENT ${component})
+    place(${component} ${CMAKE_INSTALL_MANDIR}/man${section} FILES ${made}.gz)
 endfunction()
 
-install(TARGETS DebugUtil COMPONENT tool)
+place(tool ${CMAKE_INSTALL_BINDIR} TARGETS DebugUtil)
 manual(tool DebugUtil.1)
-install(FILES src/debugutil/DebugMenuTPMS.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/debugutil COMPONENT dev)
+place(dev ${CMAKE_INSTALL_INCLUDEDIR}/debugutil FILES src/debugutil/DebugMenuTPMS.h)
 if(NOT DEBUGUTIL_PLATFORM STREQUAL "host")
     return()
 endif()
 
-install(TARGETS tvs-api debugmenu-utility vconf tvs-host LIBRARY COMPONENT platform)
-install(TARGETS tvserviced RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR} COMPONENT platform)
-install(TARGETS ht-debugmenu LIBRARY DESTINATION lib COMPONENT platform) # the tool asks for /usr/lib
-install(FILES platform/host/messaging/dbus/com.kavrin.IDebugPrintControl.xml
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/interfaces COMPONENT platform)
-install(FILES platform/host/messaging/dbus/com.kavrin.TVService.conf
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/system.d COMPONENT platform)
+place(platform ${CMAKE_INSTALL_LIBDIR} TARGETS tvs-api debugmenu-utility vconf tvs-host)
+place(platform ${CMAKE_INSTALL_SBINDIR} TARGETS tvserviced)
+place(platform lib TARGETS ht-debugmenu) # the tool loads it from /usr/lib
+set(dbus platform/host/messaging/dbus)
+place(platform ${CMAKE_INSTALL_DATADIR}/dbus-1/interfaces FILES ${dbus}/com.kavrin.IDebugPrintControl.xml)
+place(platform ${CMAKE_INSTALL_DATADIR}/dbus-1/system.d FILES ${dbus}/com.kavrin.TVService.conf)
 
-# install_located(FILE FOLDER): a file that names tvserviced by its path, which is known when it is installed.
-function(install_located file folder)
+# place_with_path(FOLDER FILE): a file with the path of tvserviced, which is only known when it is installed.
+function(place_with_path folder file)
+    set(made ${PROJECT_BINARY_DIR}/with-path/${file})
     install(CODE "
         set(TVSERVICED \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_SBINDIR}/tvserviced\")
-        configure_file(\"${PROJECT_SOURCE_DIR}/platform/host/messaging/dbus/${file}.in\"
-            \"${PROJECT_BINARY_DIR}/located/${file}\" @ONLY)
-        file(INSTALL \"${PROJECT_BINARY_DIR}/located/${file}\" DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${folder}\")"
-        COMPONENT platform)
+        configure_file(\"${PROJECT_SOURCE_DIR}/${dbus}/${file}.in\" \"${made}\" @ONLY)" COMPONENT platform)
+    place(platform ${folder} FILES ${made})
 endfunction()
-install_located(com.kavrin.TVService.service ${CMAKE_INSTALL_DATADIR}/dbus-1/system-services)
-install_located(tvserviced.service lib/systemd/system)
+place_with_path(${CMAKE_INSTALL_DATADIR}/dbus-1/system-services com.kavrin.TVService.service)
+place_with_path(lib/systemd/system tvserviced.service)
 manual(lab debugutil-script.1)
 manual(platform tvserviced.8)
-# The operations of a scenario and a trace have one list.
+# tvs-scenario(5) lists the operations.
 set(list ${PROJECT_SOURCE_DIR}/platform/host/call/Operations.def)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list})
 file(STRINGS ${list} OPERATIONS REGEX "^[A-Z]+\\(")
@@ -51,30 +56,40 @@ list(TRANSFORM OPERATIONS REPLACE ", " "::")
 list(JOIN OPERATIONS "\n" OPERATIONS)
 manual(platform tvs-scenario.5)
 
-install(DIRECTORY platform/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev)
+place(dev ${CMAKE_INSTALL_INCLUDEDIR} DIRECTORY platform/include/)
 file(RELATIVE_PATH PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(packaging/debugutil.pc.in ${PROJECT_BINARY_DIR}/debugutil.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/debugutil.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
+place(dev ${CMAKE_INSTALL_LIBDIR}/pkgconfig FILES ${PROJECT_BINARY_DIR}/debugutil.pc)
 
-# Programs look for the libraries beside themselves. Where they are installed nothing is left of the build's own layout,
-# and under /usr, where the loader finds them by itself, of theirs neither. (CMake would do the former, but with empty
-# paths in the build's programs, which are the current folder.)
+set(examples ${CMAKE_INSTALL_DATADIR}/doc/debugutil-lab/examples)
+place(lab ${examples}/lab PROGRAMS examples/lab/on-all-sets)
+place(lab ${examples}/lab FILES examples/lab/set-source.t examples/lab/set-source.words)
+place(lab ${examples}/plug-in FILES examples/plug-in/SourcePlugIn.cpp)
+place(lab ${examples} FILES platform/host/call/BuiltIn.scenario)
+
+# Installed programs keep no RUNPATH of the build tree, in which a link makes the same RUNPATH find the libraries; under
+# /usr they have none. (CMake would change it on installation, but then the build's one ends with an empty entry, which
+# means the current folder.)
 file(RELATIVE_PATH libraries_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
-function(runpath component target folder built installed)
-    set_target_properties(${target} PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "${built}")
-    string(REPLACE ";" ":" built "${built}")
+set(link ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR})
+file(REMOVE_RECURSE ${link}) # with another prefix it may be the folder of a link
+cmake_path(GET link PARENT_PATH folder)
+file(MAKE_DIRECTORY ${folder})
+file(CREATE_LINK ${PROJECT_BINARY_DIR}/sysroot/usr/lib ${link} SYMBOLIC)
+function(runpath component target folder path)
+    set_target_properties(${target} PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH ${path})
     install(CODE "
-        set(file \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${folder}/$<TARGET_FILE_NAME:${target}>\")
         if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
-            file(RPATH_REMOVE FILE \"\${file}\")
-        else()
-            file(RPATH_CHANGE FILE \"\${file}\" OLD_RPATH \"${built}\" NEW_RPATH \"${installed}\")
-        endif()"
-        COMPONENT ${component})
+            execute_process(COMMAND chrpath --delete
+                \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${folder}/$<TARGET_FILE_NAME:${target}>\"
+                RESULT_VARIABLE failed OUTPUT_QUIET)
+            if(NOT failed EQUAL 0)
+                message(WARNING \"${target} keeps its RUNPATH: chrpath: \${failed}\")
+            endif()
+        endif()" COMPONENT ${component})
 endfunction()
-set(beside "\$ORIGIN/${libraries_from_bin}")
-runpath(tool DebugUtil ${CMAKE_INSTALL_BINDIR} "\$ORIGIN/../sysroot/usr/lib;${beside}" ${beside})
-runpath(platform tvserviced ${CMAKE_INSTALL_SBINDIR} "\$ORIGIN/../sysroot/usr/lib;${beside}" ${beside})
+runpath(tool DebugUtil ${CMAKE_INSTALL_BINDIR} "\$ORIGIN/${libraries_from_bin}")
+runpath(platform tvserviced ${CMAKE_INSTALL_SBINDIR} "\$ORIGIN/${libraries_from_bin}")
 foreach(library tvs-api debugmenu-utility vconf)
-    runpath(platform ${library} ${CMAKE_INSTALL_LIBDIR} "\$ORIGIN" "\$ORIGIN")
+    runpath(platform ${library} ${CMAKE_INSTALL_LIBDIR} "\$ORIGIN")
 endforeach()

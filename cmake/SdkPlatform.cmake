@@ -1,9 +1,13 @@
-# A set's SDK in place of the host platform. Under its root folder it provides the headers of platform/include in
-# usr/include, spelled alike, and the libraries below in one of the usual folders. They are looked for anew each time,
-# and there only, whatever a toolchain file says of other searches: half of another SDK would be worse than none.
+# The SDK of a TV set as the platform. Under its root folder it provides the headers of platform/include in usr/include,
+# spelled alike, and the libraries below in one of the usual folders. They are searched for in each configuration and only
+# there, whatever a toolchain file says about other searches: parts of two SDKs must not be mixed.
 set(root ${DEBUGUTIL_PLATFORM})
-if(NOT IS_ABSOLUTE "${root}" OR NOT IS_DIRECTORY "${root}")
-    message(FATAL_ERROR "DEBUGUTIL_PLATFORM is neither 'host' nor the whole path of a folder: ${root}")
+if(NOT root)
+    message(FATAL_ERROR "A build for a TV set needs its SDK: -DDEBUGUTIL_PLATFORM=/path/to/sdk")
+elseif(NOT IS_ABSOLUTE "${root}" OR NOT IS_DIRECTORY "${root}")
+    message(FATAL_ERROR "DEBUGUTIL_PLATFORM is neither 'host' nor the absolute path of a folder: ${root}")
+elseif(DEBUGUTIL_TESTS OR DEBUGUTIL_BENCH)
+    message(FATAL_ERROR "The tests and benchmarks are for the host platform, not for ${root}")
 endif()
 
 file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR}/platform/include ${PROJECT_SOURCE_DIR}/platform/include/*.h)
@@ -30,7 +34,7 @@ foreach(name tvs-api debugmenu-utility vconf)
     endif()
     target_link_libraries(platform INTERFACE ${found})
 endforeach()
-# The SDK's libraries may need further ones of their own. On the set all of them lie where the loader looks.
+# The SDK's libraries may need further libraries of their own. On the TV set the loader finds all of them.
 list(TRANSFORM folders PREPEND LINKER:-rpath-link, OUTPUT_VARIABLE links)
 target_link_options(platform INTERFACE ${links})
 set(CMAKE_SKIP_BUILD_RPATH ON)

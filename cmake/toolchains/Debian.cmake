@@ -1,5 +1,5 @@
-# Included by the others: Debian's cross compiler, and the libraries of that CPU in a root folder of their own, which
-# "./check --arch" lays out. So the machine itself stays as it is.
+# Included by the others: Debian's cross compiler, with the libraries of that CPU in the root folder that
+# "./check --arch" makes. Nothing of that CPU is installed on the machine itself.
 if(NOT libraries)
     set(libraries ${triplet})
 endif()

@@ -1,4 +1,4 @@
-# 32 bits on a workstation, whose own CPU runs them: all that is missing there is the loader and its libraries.
+# 32-bit programs on a PC: its CPU runs them with the loader and the libraries of the root folder.
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(arch i386)
 set(triplet i686-linux-gnu)

@@ -1,4 +1,4 @@
-# A CPU with the other byte order.
+# A big-endian CPU.
 set(CMAKE_SYSTEM_PROCESSOR s390x)
 set(arch s390x)
 set(triplet s390x-linux-gnu)
