@@ -1,7 +1,7 @@
-# Sourced by ./check: the tests on another CPU. Its libraries lie in a root folder beside the build, so that the machine
-# need not know that CPU, and their versions may differ from the machine's own.
+# Sourced by ./check: the tests on another CPU. Its libraries are unpacked in the build folder and not installed, so that
+# dpkg learns no further architecture and the versions may differ from the installed ones.
 
-# fetch_root ARCH FOLDER: the libraries of this Debian release for that CPU, fetched, laid out and not installed.
+# fetch_root ARCH FOLDER: unpacks the libraries of this Debian release for that CPU.
 fetch_root() {
     local arch=$1 folder=$2 release source packages=(libstdc++6 libglib2.0-dev libsystemd-dev libgtest-dev libgmock-dev)
     [ ! -e "$folder" ] || return 0
@@ -10,7 +10,7 @@ fetch_root() {
     release=$(. /etc/os-release && echo "${VERSION_CODENAME-}")
     source=$(apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' |
         grep " $release main\$" | head -1)
-    [ -n "$source" ] || fail "apt knows no source of $release main"
+    [ -n "$source" ] || fail "apt has no source for $release main"
     rm -rf "$folder.part"
     mkdir -p "$folder.part" || fail "cannot write $folder.part"
     quietly "fetching the libraries for $arch (is there a network?)" unpack_root "$arch" "$folder.part" "$release" \
@@ -23,14 +23,14 @@ unpack_root() {
         tar -x -f "$2.tar" -C "$2" --exclude=./dev --no-same-owner && rm "$2.tar"
 }
 
-# check_arch ARCH: everything that the default suite takes, on that CPU.
+# check_arch ARCH: the tests of the default build on that CPU.
 check_arch() {
     local arch=$1 preset status=0 packages presets=("$1")
     case $arch in
     armhf) packages=(g++-arm-linux-gnueabihf qemu-user) ;;
     s390x) packages=(g++-s390x-linux-gnu qemu-user) ;;
     i386) packages=(g++-i686-linux-gnu) presets+=(i386-asan) ;;
-    *) refuse "--arch $arch" ;;
+    *) unknown_argument "--arch $arch" ;;
     esac
     install_packages "${build_packages[@]}" "${check_packages[@]}" mmdebstrap "${packages[@]}"
     fetch_root "$arch" "$root/build-$arch/root"

@@ -23,12 +23,13 @@ constexpr const char* kHelp = "Usage: TVS_BUS=BUS tvserviced\n"
 
 constexpr std::chrono::seconds kBusTimeout(10); // for the handshake, and for each call to the bus
 
-// Prints what the argument asks for; returns the exit status.
-int Answer(std::string_view argument)
+// Handles the command line of a process that is not to serve, and returns its exit status.
+int Answer(std::string_view argument, const char* surplus)
 {
-    if (argument != "--help" && argument != "--version") {
-        host::PrintError("tvserviced: unknown argument '" + host::OneLine(std::string(argument)) +
-                         "'; try tvserviced --help");
+    const bool known = argument == "--help" || argument == "--version";
+    if (!known || surplus != nullptr) {
+        const std::string refused(known ? surplus : argument);
+        host::PrintError("tvserviced: unknown argument '" + host::OneLine(refused) + "'; try tvserviced --help");
         return 2;
     }
     std::fputs(argument == "--help" ? kHelp : "tvserviced " TVSERVICED_VERSION "\n", stdout);
@@ -52,7 +53,7 @@ int main(int argc, char** argv)
     host::KeepStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN); // nobody may read the one line on standard output
     if (argc > 1)
-        return Answer(argv[1]);
+        return Answer(argv[1], argv[2]);
     const auto setting = host::Setting("TVS_BUS");
     if (!setting) {
         host::PrintError("tvserviced: TVS_BUS is not set: give session, system or a D-Bus address");
