@@ -45,6 +45,7 @@ function(place_with_path folder file)
 endfunction()
 place_with_path(${CMAKE_INSTALL_DATADIR}/dbus-1/system-services com.kavrin.TVService.service)
 place_with_path(lib/systemd/system tvserviced.service)
+place(lab ${CMAKE_INSTALL_BINDIR} TARGETS debugutil-script)
 manual(lab debugutil-script.1)
 manual(platform tvserviced.8)
 # tvs-scenario(5) lists the operations.
@@ -63,7 +64,8 @@ place(dev ${CMAKE_INSTALL_LIBDIR}/pkgconfig FILES ${PROJECT_BINARY_DIR}/debuguti
 
 set(examples ${CMAKE_INSTALL_DATADIR}/doc/debugutil-lab/examples)
 place(lab ${examples}/lab PROGRAMS examples/lab/on-all-sets)
-place(lab ${examples}/lab FILES examples/lab/set-source.t examples/lab/set-source.words)
+place(lab ${examples}/lab FILES examples/lab/set-source.script examples/lab/set-source.t
+    examples/lab/set-source.words)
 place(lab ${examples}/plug-in FILES examples/plug-in/SourcePlugIn.cpp)
 place(lab ${examples} FILES platform/host/call/BuiltIn.scenario)
 
