@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/resource.h>
 
 namespace
 {
@@ -59,6 +60,20 @@ TEST(Tree, TakesNothingBehindAFailure)
     TCTreeBranch bytes = Branch(std::istringstream("0:'abc'")); // of another length than the place for them
     TCTreeToClassFormatter reader(bytes);
     EXPECT_FALSE((reader.PushLengthArray(0, 2, &number, nullptr), reader.FillOut()));
+}
+
+// The length comes from outside: memory is only taken for bytes that are there.
+TEST(MarshalableString, TakesNoMemoryForALengthWithoutBytes)
+{
+    std::string text;
+    TCTreeBranch onlyLength = Branch(std::istringstream("0:u1000000000")),
+                 fewBytes = Branch(std::istringstream("0:u1000000000 1:'abc'"));
+    rusage before = {}, after = {};
+    getrusage(RUSAGE_SELF, &before);
+    EXPECT_FALSE(TCMarshalableString(&text).TreeToClass(onlyLength) ||
+                 TCMarshalableString(&text).TreeToClass(fewBytes));
+    getrusage(RUSAGE_SELF, &after);
+    EXPECT_LT(after.ru_maxrss, before.ru_maxrss + 100'000); // kilobytes
 }
 
 } // namespace
