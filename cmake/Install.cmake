@@ -66,7 +66,7 @@ set(examples ${CMAKE_INSTALL_DATADIR}/doc/debugutil-lab/examples)
 place(lab ${examples}/lab PROGRAMS examples/lab/on-all-sets)
 place(lab ${examples}/lab FILES examples/lab/set-source.script examples/lab/set-source.t
     examples/lab/set-source.words)
-place(lab ${examples}/plug-in FILES examples/plug-in/SourcePlugIn.cpp)
+place(lab ${examples}/plug-in FILES examples/plug-in/README.md examples/plug-in/SourcePlugIn.cpp)
 place(lab ${examples} FILES platform/host/call/BuiltIn.scenario)
 
 # Installed programs keep no RUNPATH of the build tree, in which a link makes the same RUNPATH find the libraries; under

@@ -141,11 +141,11 @@ TEST(TerminationSignals, ALaterOneEndsACallThatHangs)
 
 TEST(TerminationSignals, EndTheInputHoweverTheToolWasStarted)
 {
-    const std::vector<std::vector<std::string>> commands = {
-        {"env", "--block-signal=HUP,INT,TERM", TOOL_PATH},
-        {"bash", "-c",
-         "exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; ulimit -n 4; exec " TOOL_PATH}, // no descriptor is left for an empty input
-    };
+    std::vector<std::vector<std::string>> commands = {{"env", "--block-signal=HUP,INT,TERM", TOOL_PATH}};
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // their runtimes need descriptors of their own
+    commands.push_back(                                             // no descriptor is left for an empty input
+        {"bash", "-c", "exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; ulimit -n 4; exec " TOOL_PATH});
+#endif
     for (const auto& command : commands) {
         Tool tool("", {}, command);
         tool.Type("5 6 7 ");
