@@ -67,10 +67,9 @@ void OnSignal(int signal, siginfo_t* info, void* /*context*/)
 // Runs after the last static object is destroyed; one of them closes the connection to the TV service.
 __attribute__((destructor)) void EndProcess()
 {
-    if (!termination::WasRequested())
-        return;
-    termination::UnblockSignals();
-    EndProcessBy(g_signal);
+    termination::UnblockSignals(); // a signal that a plug-in has kept blocked until now counts
+    if (termination::WasRequested())
+        EndProcessBy(g_signal);
 }
 
 } // namespace

@@ -117,6 +117,7 @@ TEST(TerminationSignals, TwoAtOnceAreOne)
                 kill(tool.Pid(), first);
                 kill(tool.Pid(), second);
                 kill(tool.Pid(), SIGCONT);
+                tool.Type("99 "); // comes after the end of the input, as below
                 const Outcome outcome = tool.Finish();
                 EXPECT_TRUE(outcome.status == -first || outcome.status == -second) << outcome.status;
                 EXPECT_TRUE(IsBalanced(outcome));
@@ -152,6 +153,7 @@ TEST(TerminationSignals, EndTheInputHoweverTheToolWasStarted)
         tool.WaitFor("HDMI6 \n***************\nInput ? >");
         const HeldInput held(tool);
         kill(tool.Pid(), SIGTERM);
+        tool.Type("99 ");
         const Outcome outcome = tool.Finish();
         EXPECT_EQ(outcome.status, -SIGTERM) << command[0];
         EXPECT_THAT(outcome.trace, testing::EndsWith("TVServiceAPI::Destroy(ISourceControl)\n")) << command[0];
@@ -165,6 +167,7 @@ TEST(TerminationSignals, EndTheInputAfterAPlugInThatBlocksThem)
     tool.WaitFor("Command not implemented");
     const HeldInput held(tool);
     kill(tool.Pid(), SIGTERM);
+    tool.Type("99 ");
     EXPECT_EQ(tool.Finish().status, -SIGTERM);
 }
 
