@@ -26,9 +26,9 @@ TEST(SignalNames, AreThoseOfTheTable)
     std::istringstream table(ReadFile(SIGNALS_PATH));
     for (int type = 0; table >> type;)
         table >> names[type];
-    EXPECT_EQ(names.size(), 62U);
     for (int type = -3; type < 3000; ++type)
-        EXPECT_EQ(NameOf(type), names.count(type) > 0 ? names[type] : "UNKOWN[" + std::to_string(type) + "]");
+        EXPECT_EQ(NameOf(type), names.count(type) > 0 ? names[type] : "UNKOWN[" + std::to_string(type) + "]")
+            << "tests/unit/signals has another name for signal " << type;
     EXPECT_EQ(NameOf(INT_MIN), "UNKOWN[-2147483648]");
     EXPECT_EQ(NameOf(INT_MAX), "UNKOWN[2147483647]");
 }
