@@ -1,6 +1,6 @@
-// The bytes of a reply as the connection receives them. The first letter of an input says what is expected behind a
-// number of each width: a text (T) or a list of menu items (L). Behind a blank stands the reply as a tree, with one
-// argument too many if a + ends it, or behind a ! its bytes.
+// A reply as the connection receives it. The first letter of an input is what is expected after a number of each width:
+// a text (T) or a list of menu items (L). After a blank comes the reply as a tree, with one argument too many if it ends
+// in +, or its bytes after a !.
 #include "debugutil/DebugPrintControlProxy.h"
 #include "host/messaging/MessageCodec.h"
 #include "support/Trees.h"
@@ -93,11 +93,11 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const bool list = data[0] == 'L', raw = data[2] == '!';
     g_answer.assign(data + 2, data + size);
     g_closed = false;
-    TCTreeBranch told = raw ? TCTreeBranch() : Branch(std::istringstream(g_answer));
-    NumberTags(told);
-    const bool honest = Fit(told.GetChildren(), list ? "yqutL" : "yqutT") && g_answer.back() != '+';
-    if (honest && list)
-        NormaliseFlags(told.GetChildren().back());
+    TCTreeBranch reply = raw ? TCTreeBranch() : Branch(std::istringstream(g_answer));
+    NumberTags(reply);
+    const bool valid = Fit(reply.GetChildren(), list ? "yqutL" : "yqutT") && g_answer.back() != '+';
+    if (valid && list)
+        NormaliseFlags(reply.GetChildren().back());
 
     std::uint64_t numbers[] = {1, 2, 3, 4}; // of 1, 2, 4 and 8 bytes
     std::string text;
@@ -117,8 +117,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         held.AppendChild(
             *DefaultNodeCreator().CreateNode(LowerBytes(numbers[i], 1U << i), 1U << i, static_cast<short>(i), 1));
     held.AppendChild(*TCMarshalableNodeCreator().CreateNode(object, sizeof *object, 4, 1));
-    assert(raw || taken == honest);
-    assert(raw || !taken || Show(held) == Show(told));
+    assert(raw || taken == valid);
+    assert(raw || !taken || Show(held) == Show(reply));
     assert(taken || (Show(held).rfind("0:y1 1:q2 2:u3 3:t4 4:", 0) == 0 && text.empty()));
 
     g_answer = "0:u1 0:u7";

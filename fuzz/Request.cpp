@@ -20,7 +20,7 @@ constexpr const char* kShapes[][2] = {{"", "uT"}, {"T", "uT"}, {"", "u"}, {"", "
                                       {"I", "u"}, {"y", "u"},  {"", "y"}, {"uy", "u"}, {"u", "y"}};
 static_assert(std::size(kShapes) == std::size(kDebugPrintMethodNames));
 
-// What an honest client sees of the service.
+// What a valid client sees of the service.
 std::string Look(const host::Bus& client)
 {
     return CallService(client, "Start 0") + CallService(client, "GetMenuItems 4");

@@ -18,7 +18,7 @@ A file of words asks the tool, and the tool the TV service.
   TVServiceAPI::Destroy(ISourceControl)
   $ mv trace kept
 
-A television that refuses: the console does not say so, a trace beside the kept one does.
+A TV service that refuses: the console does not show it, but the trace differs from the kept one.
 
   $ printf '[result]\nISourceControl::SetSource=0\n' >refuses
   $ TVS_SCENARIO=refuses DebugUtil <"$TESTDIR"/set-source.words >screen
@@ -28,7 +28,7 @@ A television that refuses: the console does not say so, a trace beside the kept 
   -ISourceControl::GetSource() = 1 13
   +ISourceControl::GetSource() = 1 0
 
-A television that fails: the option ends with a line on standard error; what it held is released.
+A TV service that throws: the option ends with a line on standard error, and its objects are released.
 
   $ printf '[throw]\nISourceControl::SetSource=no such input\n' >fails
   $ TVS_SCENARIO=fails DebugUtil <"$TESTDIR"/set-source.words >screen

@@ -94,12 +94,8 @@ BusMessage Channel::ReplyBy(Clock::time_point end, const std::string& interfaceN
     AppendValues(made, request);
     BusMessage reply;
     const BusSlot slot = m_transport->Send(m_bus.get(), made, reply);
-    while (!reply) {
-        if (m_transport->Now() >= end) // also when messages that are no answer keep coming
-            Checked(-ETIMEDOUT);
-        if (!m_transport->Process(m_bus.get()))
-            m_transport->Wait(m_bus.get(), end);
-    }
+    while (!reply)
+        HandleNext(*m_transport, m_bus.get(), end);
     return reply;
 }
 

@@ -45,7 +45,7 @@ private:
     Values IsDebugModeEnabled(RequestReader& request);
 
     static Item ReadItem(RequestReader& request);
-    /// Throws std::invalid_argument for more than can be told.
+    /// Throws std::invalid_argument if the names are too long for a reply.
     void SetItems(std::vector<Item> items);
     Item* FindItem(std::uint32_t id);
     std::string Screen() const;

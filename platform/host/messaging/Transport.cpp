@@ -92,11 +92,18 @@ BusSlot BusTransport::Send(sd_bus* bus, sd_bus_message* call, BusMessage& reply)
     return {slot, sd_bus_slot_unref};
 }
 
+void HandleNext(Transport& transport, sd_bus* bus, Clock::time_point end)
+{
+    if (transport.Now() >= end)
+        Checked(-ETIMEDOUT);
+    if (!transport.Process(bus))
+        transport.Wait(bus, end);
+}
+
 void WaitUntilReady(Transport& transport, sd_bus* bus, Clock::time_point end)
 {
     while (Checked(sd_bus_is_ready(bus)) == 0)
-        if (!transport.Process(bus))
-            transport.Wait(bus, end);
+        HandleNext(transport, bus, end);
 }
 
 const char* OpenStepOf(const std::optional<std::string>& setting)

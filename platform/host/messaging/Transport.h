@@ -58,6 +58,9 @@ private:
 /// Waits until that time for what `open` returns on a thread of its own. After ETIMEDOUT the next call goes on waiting.
 Bus OpenOnThread(std::future<Bus>& opening, std::function<Bus()> open, Clock::time_point end);
 
+/// Handles what comes in next, or waits for it. Throws ETIMEDOUT when that time has come, also while messages keep coming.
+void HandleNext(Transport& transport, sd_bus* bus, Clock::time_point end);
+
 /// Goes on with the handshake until the bus is ready. Throws std::system_error; ETIMEDOUT when that time has come.
 void WaitUntilReady(Transport& transport, sd_bus* bus, Clock::time_point end);
 

@@ -105,7 +105,7 @@ class TCTreeToClassFormatter : public TCTreeFormatter
 public:
     using TCTreeFormatter::TCTreeFormatter;
     void PushValue(short tag, int width, void* value);
-    /// `data` must have room for `length` bytes.
+    /// `data` must point to at least `length` bytes.
     void PushLengthArray(short tag, int length, void* data, TILengthInfoContainer* lengthInfo);
     void PushMarshalableClass(short tag, TIMarshalable* object);
     /// Ends the reading; true if every push found its value and no child is left over.

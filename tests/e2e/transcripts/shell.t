@@ -90,7 +90,7 @@ Another one withdraws the simulated application.
   TVServiceAPI::Destroy(IPipelineUtility)
   TVServiceAPI::DestroySignalSubscriber()
 
-A file that is full and then has room, a trace that is full, an input that is non-blocking, for a plug-in too.
+No space in a file and then space again, no space for a trace, an input that is non-blocking, for a plug-in too.
 
   $ exec 3<>in
   $ (ulimit -f 4; exec DebugUtil <&3 >>full 2>err) & printf '2 %.0s' {1..13} >&3; wait_for err .; : >full; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' full
@@ -106,7 +106,7 @@ A file that is full and then has room, a trace that is full, an input that is no
   $ mix; echo 6 >&3; DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT DebugUtil <&3 >plugged & wait_for plugged Restart; echo 2 3 99 >&3; wait $!; grep -o 'executing: TV P.*' plugged
   executing: TV Plug in
 
-Standard error that is full and then has room.
+No space for standard error, and then space again.
 
   $ printf '[throw]\nIPipelineUtility::GetPIDSetStatus#1=%01100d\nIPipelineUtility::GetPIDSetStatus#2=short\n' 0 >scenario
   $ (ulimit -f 1; TVS_SCENARIO=scenario exec DebugUtil <&3 >/dev/null 2>>err2) & echo 5 15 >&3; wait_for err2 000; : >err2; echo 5 15 99 >&3; wait $!; cat err2
