@@ -46,7 +46,7 @@ public:
     host::BusSlot Send(sd_bus* bus, sd_bus_message* call, host::BusMessage& reply) override
     {
         m_calls += "send ";
-        return responsive ? BusTransport::Send(bus, call, reply) : host::BusSlot(nullptr, sd_bus_slot_unref);
+        return responsive ? BusTransport::Send(bus, call, reply) : host::BusSlot();
     }
 
     bool responsive = true;

@@ -6,7 +6,6 @@
 
 #include <cstdarg>
 #include <glib.h>
-#include <memory>
 
 void _TCApiAssert(const char* expression, const char* path, unsigned long line, const char* message)
 {
@@ -20,9 +19,9 @@ void TCApiPrintMessage(const char* format, ...)
 {
     std::va_list arguments;
     va_start(arguments, format);
-    const std::unique_ptr<char, decltype(&g_free)> text(g_strdup_vprintf(format, arguments), g_free);
+    g_autofree char* text = g_strdup_vprintf(format, arguments);
     va_end(arguments);
-    const char* message = text.get();
+    const char* message = text;
     host::Operation(host::Op::TCApiPrintMessage, host::With(message),
                     [&](host::Outputs&) { host::PrintError(message); });
 }

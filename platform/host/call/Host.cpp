@@ -21,8 +21,8 @@ Host* SetUp()
     auto host = std::make_unique<Host>();
     try {
         const auto scenario = Setting("TVS_SCENARIO"), trace = Setting("TVS_TRACE");
-        std::error_code absent; // the trace may not be there yet
-        if (scenario && trace && std::filesystem::equivalent(*scenario, *trace, absent))
+        std::error_code ignored; // the trace may not exist yet
+        if (scenario && trace && std::filesystem::equivalent(*scenario, *trace, ignored))
             throw std::runtime_error("trace " + *trace + ": it would overwrite the scenario " + *scenario);
         host->scenario = scenario ? LoadScenario(*scenario) : BuiltInScenario();
         if (trace)

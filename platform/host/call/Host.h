@@ -1,4 +1,4 @@
-// The state that all components of the host platform share.
+// The state that the components of the host platform share.
 #pragma once
 
 #include "host/call/Scenario.h"
@@ -10,19 +10,19 @@
 namespace host
 {
 
-/// Made on first use and never destroyed: static objects use it before `main`, and signal threads may use it while the
-/// process ends.
+/// Created on first use and never destroyed: static objects use it before `main`, signal threads while the process
+/// exits.
 struct Host {
     Scenario scenario;
     Trace trace;
-    std::array<std::atomic<unsigned>, kOperationCount> calls = {}; ///< of each operation, so far
+    std::array<std::atomic<unsigned>, kOperationCount> calls = {}; ///< number of calls of each operation so far
 
-    /// The host that is in use. The first call sets it up from the environment; a setting that cannot be used ends the
-    /// process with status 2.
+    /// The current host. The first call creates it from the environment; an invalid setting ends the process with
+    /// status 2.
     static Host& Instance();
 
-    /// Replaces the host that is in use and returns the previous one, so that a test can run one scenario after the
-    /// other. No platform call may be running. The caller keeps both alive.
+    /// For tests: replaces the current host and returns the previous one. The caller keeps both alive. No platform call
+    /// may be running.
     static Host& Exchange(Host& host);
 };
 

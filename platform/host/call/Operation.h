@@ -1,4 +1,4 @@
-// Every platform call runs through Operation: delay, injected fault or work, and the line in the trace.
+// Operation runs one platform call: its delay, its fault or its work, and its line in the trace.
 #pragma once
 
 #include "host/call/Host.h"
@@ -15,7 +15,7 @@
 namespace host
 {
 
-/// Writes the output arguments of a call and collects them for the trace.
+/// Writes the output arguments of a call, and keeps their text for the trace.
 class Outputs
 {
 public:
@@ -31,8 +31,8 @@ private:
     std::string m_shown;
 };
 
-/// Runs `work(outputs)` as the call `operation(arguments)`, traces it and returns its result. The scenario's fault for
-/// this call replaces the work; a fault that throws throws std::runtime_error. Any thread.
+/// Runs `work(outputs)`, traces it as the call `operation(arguments)` and returns its result. If the scenario has a fault
+/// for this call, returns its result or throws its std::runtime_error instead. Any thread.
 template <class... Arguments, class Work>
 auto Operation(Op operation, const std::tuple<Arguments...>& arguments, Work&& work)
 {

@@ -1,4 +1,4 @@
-// The names of the platform calls, from the list in Operations.def.
+// The names of the platform calls in Operations.def.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ enum class Op {
     COUNT
 };
 
-/// The call's name in the trace and in a scenario: `Owner::Name` or the name of a plain function.
+/// The name in the trace and in a scenario: `Owner::Name`, or the name of a plain function.
 const char* NameOf(Op operation);
 
 /// The call with that name, or none.

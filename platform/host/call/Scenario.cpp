@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <cstring>
 #include <glib.h>
-#include <memory>
 #include <stdexcept>
 #include <sys/stat.h>
 
@@ -19,12 +18,9 @@ Fault Scenario::FaultOf(Op operation, unsigned call) const
     Fault fault = found->second;
     if (!fault.delay)
         fault.delay = all.always.delay;
-    if (!fault.result && !fault.thrown) {
-        fault.result = all.always.result;
-        fault.object = all.always.object;
-        fault.thrown = all.always.thrown;
-    }
-    return fault;
+    if (fault.result || fault.thrown)
+        return fault;
+    return {all.always.result, all.always.object, all.always.thrown, fault.delay};
 }
 
 Scenario LoadScenario(const std::string& path)
@@ -33,20 +29,17 @@ Scenario LoadScenario(const std::string& path)
     const auto fail = [&path](const std::string& reason) {
         throw std::runtime_error("scenario " + path + ": " + reason);
     };
-    struct stat status = {}; // before it is opened: opening a pipe would wait for its writer
+    struct stat status = {}; // checked before the file is opened: opening a pipe would wait for its writer
     if (stat(path.c_str(), &status) != 0)
         fail(std::strerror(errno));
     if (!S_ISREG(status.st_mode))
         fail("not a regular file");
     if (status.st_size > kMaxFileSize)
         fail("larger than 64 MiB");
-    char* text = nullptr;
+    g_autofree char* text = nullptr;
     gsize length = 0;
-    GError* raised = nullptr;
-    g_file_get_contents(path.c_str(), &text, &length, &raised);
-    const std::unique_ptr<char, decltype(&g_free)> owned(text, g_free);
-    const std::unique_ptr<GError, decltype(&g_error_free)> error(raised, g_error_free);
-    if (error)
+    g_autoptr(GError) error = nullptr;
+    if (!g_file_get_contents(path.c_str(), &text, &length, &error))
         fail(error->message);
     return ParseScenario(path, {text, length});
 }

@@ -18,16 +18,16 @@ namespace host
 /// The field that holds the service id, the only one of 64 bits.
 constexpr int kServiceIdField = 12;
 
-/// A service of the database. A tag without a value is a field without data.
+/// A service of the database. A tag without a value is a field that has no data.
 struct ScenarioService {
     std::map<int, std::optional<std::uint64_t>> tags;
-    std::optional<std::string> title; ///< UTF-8; none: no programme, empty: a programme without a title
+    std::optional<std::string> title; ///< UTF-8; none: no programme; empty: a programme without a title
 };
 
-/// What a call does instead of its work, and its delay before that. All are absent by default: the call does its work.
+/// A fault of one call. Without a result and an exception the call does its work, after the delay if there is one.
 struct Fault {
     std::optional<int> result;
-    bool object = false; ///< a factory returns the result and creates its object all the same
+    bool object = false; ///< a factory returns the result, but creates its object, too
     std::optional<std::string> thrown;
     std::optional<std::chrono::milliseconds> delay;
 };
@@ -35,7 +35,7 @@ struct Fault {
 /// The faults of one operation.
 struct Faults {
     Fault always;
-    std::map<unsigned, Fault> byCall; ///< by number of the call, from 1; takes precedence
+    std::map<unsigned, Fault> byCall; ///< by the number of the call, from 1; overrides `always`
 };
 
 /// Number of data bytes of a signal.
@@ -54,18 +54,18 @@ struct Scenario {
     std::array<Faults, kOperationCount> faults; ///< by operation
     std::map<int, TSSignalData> signals;        ///< data by signal type; other types carry zeros
 
-    /// The fault of the operation's call with that number, counted from 1.
+    /// The fault of the call with that number; the first call of the operation is 1.
     Fault FaultOf(Op operation, unsigned call) const;
 };
 
 /// Reads a scenario from the text of a GLib key file. Throws std::runtime_error with one line that names `path` and the
-/// group, key and value that cannot be used.
+/// invalid group, key or value.
 Scenario ParseScenario(const std::string& path, const std::string& text);
 
-/// Reads the file, a regular one of at most 64 MiB. Throws as ParseScenario.
+/// Reads a scenario from a regular file of at most 64 MiB. Throws the same as ParseScenario.
 Scenario LoadScenario(const std::string& path);
 
-/// The scenario that is used when no file is given, and its text.
+/// The default scenario and its text.
 Scenario BuiltInScenario();
 extern const char* const kBuiltInScenario;
 

@@ -21,7 +21,7 @@ namespace
 
 constexpr int kMaxDelay = 3'600'000; // milliseconds
 constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
-constexpr const char* kService = "service"; // what the name of a service's group begins with
+constexpr const char* kService = "service"; // the first word of a service's group
 
 template <class Number> std::optional<Number> ParseNumber(const std::string& text, int base = 10)
 {
@@ -40,14 +40,6 @@ template <class Map> std::vector<std::string> KeysOf(const Map& map)
     return keys;
 }
 
-struct Freer {
-    void operator()(GKeyFile* file) const { g_key_file_free(file); }
-    void operator()(GError* error) const { g_error_free(error); }
-    void operator()(char** list) const { g_strfreev(list); }
-    void operator()(char* text) const { g_free(text); }
-};
-template <class T> using Owned = std::unique_ptr<T, Freer>;
-
 class Reader
 {
 public:
@@ -60,14 +52,13 @@ public:
         if (text.find('\0') != std::string::npos)
             Fail("contains a zero byte");
         CheckLines(text);
-        GError* raised = nullptr;
-        g_key_file_load_from_data(m_file.get(), text.c_str(), text.size(), G_KEY_FILE_KEEP_TRANSLATIONS, &raised);
-        if (const Owned<GError> error{raised})
+        g_autoptr(GError) error = nullptr;
+        g_key_file_load_from_data(m_file.get(), text.c_str(), text.size(), G_KEY_FILE_KEEP_TRANSLATIONS, &error);
+        if (error != nullptr)
             Fail(Shortened(error->message));
-        gsize count = 0;
-        const Owned<char*> groups(g_key_file_get_groups(m_file.get(), &count));
-        for (gsize i = 0; i < count; ++i)
-            ReadGroup(groups.get()[i]);
+        g_auto(GStrv) groups = g_key_file_get_groups(m_file.get(), nullptr);
+        for (char** group = groups; *group != nullptr; ++group)
+            ReadGroup(*group);
         return std::move(m_scenario);
     }
 
@@ -75,7 +66,7 @@ private:
     using KeyReader = void (Reader::*)(const std::string& key);
     using Field = std::variant<std::int32_t Scenario::*, bool Scenario::*, std::optional<std::uint64_t> Scenario::*>;
 
-    // The key file's parser would merge groups and keys that appear twice, and the loss of a service is better reported.
+    // Reports groups and keys that appear twice; GLib would merge them without an error.
     void CheckLines(const std::string& text)
     {
         std::unordered_set<std::string> groups, keys;
@@ -114,13 +105,12 @@ private:
         const auto reader = readers.find(isService ? kService : group);
         if (reader == readers.end())
             Fail("[" + Shortened(group) + "]: unknown group" + Suggestion(group, KeysOf(readers)));
-        gsize count = 0;
-        const Owned<char*> keys(g_key_file_get_keys(m_file.get(), group.c_str(), &count, nullptr));
-        for (gsize i = 0; i < count; ++i)
-            (this->*reader->second)(keys.get()[i]);
+        g_auto(GStrv) keys = g_key_file_get_keys(m_file.get(), group.c_str(), nullptr, nullptr);
+        for (char** key = keys; *key != nullptr; ++key)
+            (this->*reader->second)(*key);
     }
 
-    // A key that is a field of the scenario.
+    // Reads a key that sets one member of the scenario.
     void ReadField(const std::string& key)
     {
         static const std::map<std::string, std::map<std::string, Field>> groups = {
@@ -163,20 +153,16 @@ private:
         std::optional<std::uint64_t>& value = service.tags[*tag];
         if (Raw(key).empty())
             return;
-        if (*tag == kServiceIdField)
+        if (*tag == kServiceIdField) {
             ReadValue(key, value);
-        else
-            value = TagValue(key);
-    }
-
-    // Fields other than the service id are 32 bits wide, and some of them are counts without a sign.
-    std::uint64_t TagValue(const std::string& key)
-    {
-        const auto value = ParseNumber<std::int64_t>(Raw(key));
-        if (!value || *value < std::numeric_limits<std::int32_t>::min() ||
-            *value > std::numeric_limits<std::uint32_t>::max())
+            return;
+        }
+        // The other fields have 32 bits, some with a sign and some without.
+        const auto number = ParseNumber<std::int64_t>(Raw(key));
+        if (!number || *number < std::numeric_limits<std::int32_t>::min() ||
+            *number > std::numeric_limits<std::uint32_t>::max())
             FailValue(key, "not a number of 32 bits");
-        return static_cast<std::uint32_t>(*value);
+        value = static_cast<std::uint32_t>(*number);
     }
 
     void ReadResult(const std::string& key)
@@ -205,7 +191,7 @@ private:
         FaultAt(key).delay = std::chrono::milliseconds(*delay);
     }
 
-    // Hexadecimal bytes of two digits with blanks between them.
+    // Reads bytes of two hexadecimal digits with blanks between them.
     void ReadSignal(const std::string& key)
     {
         const auto type = ParseNumber<std::int32_t>(key);
@@ -224,7 +210,7 @@ private:
         }
     }
 
-    // `NAME` or `NAME#N`.
+    // The operation of a key `NAME` or `NAME#N`.
     Op OperationAt(const std::string& key)
     {
         const std::string name = key.substr(0, key.find('#'));
@@ -273,18 +259,17 @@ private:
     // The value without the blanks around it.
     std::string Raw(const std::string& key)
     {
-        const Owned<char> value(g_key_file_get_value(m_file.get(), m_group.c_str(), key.c_str(), nullptr));
-        return value ? Stripped(value.get()) : "";
+        g_autofree char* value = g_key_file_get_value(m_file.get(), m_group.c_str(), key.c_str(), nullptr);
+        return value == nullptr ? "" : Stripped(value);
     }
 
     std::string Text(const std::string& key)
     {
-        GError* raised = nullptr;
-        const Owned<char> value(g_key_file_get_string(m_file.get(), m_group.c_str(), key.c_str(), &raised));
-        const Owned<GError> error(raised);
-        if (!value || error)
+        g_autoptr(GError) error = nullptr;
+        g_autofree char* value = g_key_file_get_string(m_file.get(), m_group.c_str(), key.c_str(), &error);
+        if (value == nullptr || error != nullptr)
             FailValue(key, "not a text in UTF-8, or a wrong escape");
-        return value.get();
+        return value;
     }
 
     [[noreturn]] void FailValue(const std::string& key, const std::string& reason)
@@ -305,7 +290,7 @@ private:
     }
 
     std::string m_path;
-    const Owned<GKeyFile> m_file{g_key_file_new()};
+    const std::unique_ptr<GKeyFile, decltype(&g_key_file_free)> m_file{g_key_file_new(), g_key_file_free};
     std::string m_group;
     Scenario m_scenario;
 };

@@ -1,4 +1,4 @@
-// The settings of the host platform are environment variables.
+// The settings of the host platform, which are environment variables.
 #pragma once
 
 #include <cstdlib>
@@ -8,7 +8,7 @@
 namespace host
 {
 
-/// The environment variable; none when it is unset or empty.
+/// The value of the environment variable; none if it is unset or empty.
 inline std::optional<std::string> Setting(const char* name)
 {
     const char* const value = secure_getenv(name);

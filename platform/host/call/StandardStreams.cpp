@@ -15,7 +15,7 @@ void KeepStandardDescriptors()
 {
     for (int descriptor = 0; descriptor <= 2; ++descriptor) {
         if (fcntl(descriptor, F_GETFD) == -1 && errno == EBADF)
-            (void)open("/dev/null", O_RDWR); // gets the lowest free number, which is this one
+            (void)open("/dev/null", O_RDWR); // open returns the lowest free descriptor, which is this one
     }
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <glib.h>
-#include <memory>
 #include <numeric>
 #include <set>
 #include <utility>
@@ -13,15 +12,15 @@ namespace host
 namespace
 {
 
-// How many characters must be changed, removed or inserted to turn one word into the other (Levenshtein).
+// The Levenshtein distance: how many characters must be changed, removed or inserted to get from `a` to `b`.
 std::size_t Distance(const std::string& a, const std::string& b)
 {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (const char typed : a) {
+    for (const char character : a) {
         std::size_t diagonal = row[0]++;
         for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t changed = diagonal + (typed == b[j] ? 0 : 1);
+            const std::size_t changed = diagonal + (character == b[j] ? 0 : 1);
             diagonal = row[j + 1];
             row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
         }
@@ -61,12 +60,10 @@ std::string Stripped(const std::string& text)
 std::string Shortened(const std::string& text)
 {
     constexpr glong kMaxCharacters = 80;
-    // g_utf8_strlen needs valid UTF-8.
-    const std::unique_ptr<char, decltype(&g_free)> valid(
-        g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())), g_free);
-    if (g_utf8_strlen(valid.get(), -1) <= kMaxCharacters)
-        return valid.get();
-    return std::string(valid.get(), g_utf8_offset_to_pointer(valid.get(), kMaxCharacters)) + "...";
+    g_autofree char* valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
+    if (g_utf8_strlen(valid, -1) <= kMaxCharacters)
+        return valid;
+    return std::string(valid, g_utf8_offset_to_pointer(valid, kMaxCharacters)) + "...";
 }
 
 std::string Suggestion(const std::string& word, const std::vector<std::string>& known)

@@ -15,7 +15,7 @@ namespace host
 namespace
 {
 
-// The elements, separated, between two brackets.
+// Joins the elements with the separator, between the two brackets.
 template <class List, class Shower>
 std::string ShowAll(const List& list, const char* separator, const char* brackets, Shower show)
 {
@@ -73,7 +73,7 @@ Trace::~Trace()
 
 void Trace::Open(const std::string& path)
 {
-    // With O_NONBLOCK a pipe that nobody reads is an error; without, open would wait for a reader.
+    // O_NONBLOCK: a pipe without a reader is an error; otherwise open would wait for one.
     m_path = path;
     m_descriptor = path == "-"
                        ? STDERR_FILENO

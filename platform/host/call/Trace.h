@@ -1,4 +1,4 @@
-// The trace: one line per platform call, each written whole.
+// The trace: one line per platform call.
 #pragma once
 
 #include "tvs-api/Query.h"
@@ -14,12 +14,12 @@
 namespace host
 {
 
-/// A word that the trace shows without quotes.
+/// A text that the trace shows without quotes.
 struct Bare {
     const char* word;
 };
 
-/// Values as the trace shows them.
+/// Converts values to the text of the trace.
 std::string Show(bool value);
 std::string Show(std::string_view text);
 std::string Show(const TSTvMode& mode);
@@ -45,11 +45,10 @@ public:
     Trace(const Trace&) = delete;
     Trace& operator=(const Trace&) = delete;
 
-    /// Opens the file and empties it; "-" is standard error. Throws std::runtime_error with one line.
+    /// Opens and truncates the file; "-" is standard error. Throws std::runtime_error with one line.
     void Open(const std::string& path);
     bool IsOpen() const { return m_descriptor >= 0; }
-    /// Writes a whole line and a line end. When it cannot be written, tracing ends and the reason is printed on
-    /// standard error. Any thread.
+    /// Writes one line. If that fails, prints the error and ends tracing. Any thread.
     void Write(std::string line);
 
 private:

@@ -11,7 +11,7 @@ namespace
 
 constexpr std::chrono::seconds kCallTimeout(10);
 constexpr std::chrono::seconds kUnresponsiveTimeout(1);
-constexpr std::chrono::milliseconds kOpenTimeout(200); // the first prompt waits for it
+constexpr std::chrono::milliseconds kOpenTimeout(200); // delays the first prompt
 
 [[noreturn]] void FailCall(const std::string& reason) { throw std::runtime_error("the call failed: " + reason); }
 
@@ -23,7 +23,7 @@ Channel::Channel(std::string objectPath, const char* openStep, std::unique_ptr<T
     try {
         OpenBy(m_transport->Now() + kOpenTimeout);
     } catch (const std::exception&) {
-        // The first call goes on with the handshake, or opens the bus anew and reports the reason.
+        // The first call continues the handshake, or opens the bus again and reports the error.
     }
 }
 
@@ -37,7 +37,7 @@ std::vector<TCTreeNode> Channel::Call(const std::string& interfaceName, const st
         Step(m_openStep, [&] { OpenBy(end); });
         reply = Step("the call failed", [&] { return ReplyBy(end, interfaceName, method, number, request); });
     } catch (const std::exception& failure) {
-        m_bus.reset(); // half an answer may be in it
+        m_bus.reset(); // part of a reply may be in its buffer
         const auto* error = dynamic_cast<const std::system_error*>(&failure);
         if (error == nullptr || error->code().value() != ETIMEDOUT)
             throw;
@@ -64,14 +64,14 @@ void Channel::OpenBy(Clock::time_point end)
         m_bus.reset();
     if (!m_bus) {
         m_bus = m_transport->Open(end);
-        // Only answers are wanted: the rest is dropped as it comes.
+        // Drops all messages that are not replies to calls.
         Checked(sd_bus_add_filter(
             m_bus.get(), nullptr, [](sd_bus_message*, void*, sd_bus_error*) { return 1; }, nullptr));
     }
     WaitUntilReady(*m_transport, m_bus.get(), end);
 }
 
-// Takes what has come in since the last call, the end of the connection included.
+// Handles the messages that arrived since the last call; one of them may be the end of the connection.
 bool Channel::IsOpenAt(Clock::time_point end)
 {
     try {

@@ -1,4 +1,4 @@
-// Remote calls to one object of the TV service, one after the other.
+// Remote calls to one object of the TV service.
 #pragma once
 
 #include "host/messaging/Transport.h"
@@ -10,18 +10,18 @@
 namespace host
 {
 
-/// Opens its bus at once. What fails is opened anew by the next call.
+/// The constructor opens the bus. After a failure the next call opens it again. Used by one thread at a time.
 class Channel
 {
 public:
     Channel(std::string objectPath, const char* openStep, std::unique_ptr<Transport> transport);
 
-    /// The values of the reply. Throws std::exception with the step that failed and the reason. The reply may take 10 s,
-    /// and 1 s while the service has not answered the call before.
+    /// Returns the values of the reply. Throws std::exception with the failed step and the reason. The timeout is 10 s,
+    /// and 1 s after a call that timed out.
     std::vector<TCTreeNode> Call(const std::string& interfaceName, const std::string& method, short number,
                                  const std::vector<TCTreeNode>& request);
 
-    /// Throws what Call throws for a reply that is malformed.
+    /// Throws the exception that Call throws for a malformed reply.
     [[noreturn]] static void FailMalformed();
 
 private:
@@ -32,9 +32,9 @@ private:
 
     std::string m_objectPath;
     const char* m_openStep;
-    std::unique_ptr<Transport> m_transport; // outlives the bus, whose end it waits for
+    std::unique_ptr<Transport> m_transport; // destroyed after m_bus: it joins the service thread
     Bus m_bus;
-    bool m_unresponsive = false; // it has let a call time out, and has answered none since
+    bool m_unresponsive = false; // the last call timed out
 };
 
 } // namespace host

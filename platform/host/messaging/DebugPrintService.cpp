@@ -19,9 +19,9 @@ namespace
 
 constexpr std::uint32_t kExit = 99;
 constexpr short kElementTag = -1;
-constexpr std::size_t kMaxNameBytes = 16U << 20; // a fraction of what fits into an answer
+constexpr std::size_t kMaxNameBytes = 16U << 20; // of all items together; a reply has space for more
 
-// Ids in the order of the screen.
+// In the order in which the menu shows them.
 constexpr std::pair<std::uint32_t, const char*> kDebugModes[] = {
     {DEBUG_MODE_PRINT, "print"}, {DEBUG_MODE_SIGNAL, "signal"}, {DEBUG_MODE_PERFORMANCE, "performance"}};
 
@@ -42,11 +42,11 @@ const char* OnOff(bool on) { return on ? "on" : "off"; }
 
 } // namespace
 
-/// Takes the values of a request one after the other; throws std::invalid_argument where one has another form or tag.
+/// Reads the values of a request in order. Throws std::invalid_argument for a missing value and a wrong type or tag.
 class RequestReader
 {
 public:
-    /// Values bear their places as tags, elements of a list all the same one.
+    /// The tag of a value is its position, the tag of a list element is kElementTag.
     enum Tags { PLACES, ELEMENTS };
     explicit RequestReader(const std::vector<TCTreeNode>& values, Tags tags = PLACES) : m_values(values), m_tags(tags)
     {
@@ -103,12 +103,11 @@ void DebugPrintService::Serve(sd_bus* bus)
     table.push_back(SD_BUS_VTABLE_END);
     sd_bus_slot* added = nullptr;
     Checked(sd_bus_add_object_vtable(bus, &added, kServiceObjectPath, kDebugPrintInterface, table.data(), this));
-    // The table lives as long as the slot.
-    const std::unique_ptr<sd_bus_slot, sd_bus_slot* (*)(sd_bus_slot*)> slot(added, sd_bus_slot_unref);
+    const BusSlot slot(added); // destroyed before the table, which it uses
     while (sd_bus_is_open(bus) > 0) {
         const int processed = sd_bus_process(bus, nullptr);
         if (processed < 0 || (processed == 0 && WaitForBus(bus, UINT64_MAX) < 0))
-            break; // the bus has ended
+            break; // the connection has ended
     }
 }
 
@@ -127,7 +126,8 @@ int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_err
         &DebugPrintService::SetDebugMode,
         &DebugPrintService::IsDebugModeEnabled,
     };
-    static_assert(std::size(methods) == std::size(kDebugPrintMethodNames), "a method for every name, by number");
+    static_assert(std::size(methods) == std::size(kDebugPrintMethodNames),
+                  "each name has a method, in the order of the numbers");
     try {
         std::uint16_t number = 0;
         Checked(sd_bus_message_read_basic(message, 'n', &number));

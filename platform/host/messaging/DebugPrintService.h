@@ -1,5 +1,5 @@
-// The TV service's side of com.kavrin.IDebugPrintControl: its debug print items, QoS, debug modes, and the menu over
-// them. The menu keeps nothing per client, so that several consoles can have it open.
+// The server side of com.kavrin.IDebugPrintControl: debug print items, QoS and debug modes, and a menu to change them.
+// The menu has no state per client, so several consoles can have it open.
 #pragma once
 
 #include "host/messaging/MessageCodec.h"
@@ -20,7 +20,7 @@ class DebugPrintService
 public:
     DebugPrintService();
 
-    /// Serves the interface on that bus until the bus ends. One bus at a time.
+    /// Serves the interface until the connection of the bus ends. One bus at a time.
     void Serve(sd_bus* bus);
 
 private:

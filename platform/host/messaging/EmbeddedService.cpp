@@ -4,55 +4,25 @@
 
 #include <cerrno>
 #include <sys/socket.h>
-#include <unistd.h>
 #include <utility>
 
 namespace host
 {
-namespace
-{
-
-class Socket
-{
-public:
-    explicit Socket(int descriptor) : m_descriptor(descriptor) {}
-    ~Socket()
-    {
-        if (m_descriptor >= 0)
-            close(m_descriptor);
-    }
-    Socket(const Socket&) = delete;
-    Socket& operator=(const Socket&) = delete;
-
-    /// A bus that owns the descriptor from here on.
-    Bus MakeBus()
-    {
-        sd_bus* made = nullptr;
-        Checked(sd_bus_new(&made));
-        Bus bus(made);
-        Checked(sd_bus_set_fd(made, m_descriptor, m_descriptor));
-        m_descriptor = -1;
-        return bus;
-    }
-
-private:
-    int m_descriptor;
-};
-
-} // namespace
 
 EmbeddedService::~EmbeddedService() { Join(); }
 
 Bus EmbeddedService::Connect()
 {
     Join();
+    Bus client = NewBus();
+    Bus server = NewBus();
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends) != 0)
         Checked(-errno);
-    Socket clientEnd(ends[0]);
-    Socket serverEnd(ends[1]);
-    Bus client = clientEnd.MakeBus();
-    Bus server = serverEnd.MakeBus();
+    const int clientSet = sd_bus_set_fd(client.get(), ends[0], ends[0]); // the buses own the descriptors
+    const int serverSet = sd_bus_set_fd(server.get(), ends[1], ends[1]);
+    Checked(clientSet);
+    Checked(serverSet);
     sd_id128_t id;
     Checked(sd_id128_randomize(&id));
     Checked(sd_bus_set_server(server.get(), 1, id));

@@ -1,4 +1,4 @@
-// The TV service inside this process: the same code as `tvserviced`, on one end of a socket pair.
+// Runs the TV service inside this process: the same code as in `tvserviced`, on one end of a socket pair.
 #pragma once
 
 #include "host/messaging/DebugPrintService.h"
@@ -12,19 +12,18 @@ class EmbeddedService
 {
 public:
     EmbeddedService() = default;
-    /// Every client bus must be closed by then.
+    /// The client's bus must be closed before.
     ~EmbeddedService();
     EmbeddedService(const EmbeddedService&) = delete;
     EmbeddedService& operator=(const EmbeddedService&) = delete;
 
-    /// Serves on a thread of its own and returns the client's bus; an earlier one must be closed. Throws
-    /// std::system_error.
+    /// Starts a service thread and returns the client's bus; an earlier one must be closed. Throws std::system_error.
     Bus Connect();
 
 private:
     void Join();
 
-    DebugPrintService m_service; // used by one service thread after the other
+    DebugPrintService m_service; // outlives m_thread, the only thread that uses it
     std::thread m_thread;
 };
 

@@ -44,14 +44,7 @@ void AppendVariant(sd_bus_message* message, const TCTreeNode& node)
     std::visit([&](const auto& held) { append(held, types[node.value.index()]); }, node.value);
 }
 
-template <class Number> Number ReadPlain(sd_bus_message* message, char type)
-{
-    Number number{};
-    Checked(sd_bus_message_read_basic(message, type, &number));
-    return number;
-}
-
-// Reads variants, and counts what it makes of them: a node takes many times the bytes of a short value.
+// Reads variants. The number of nodes is limited because a node takes many times the memory of a short value.
 class NodeReader
 {
 public:
@@ -71,16 +64,23 @@ public:
     }
 
 private:
+    template <class Number> Number ReadPlain(char type)
+    {
+        Number number{};
+        Checked(sd_bus_message_read_basic(m_message, type, &number));
+        return number;
+    }
+
     TCTreeNode::Value ReadContents(const std::string& type, int depth)
     {
         if (type == "y")
-            return ReadPlain<std::uint8_t>(m_message, 'y');
+            return ReadPlain<std::uint8_t>('y');
         if (type == "q")
-            return ReadPlain<std::uint16_t>(m_message, 'q');
+            return ReadPlain<std::uint16_t>('q');
         if (type == "u")
-            return ReadPlain<std::uint32_t>(m_message, 'u');
+            return ReadPlain<std::uint32_t>('u');
         if (type == "t")
-            return ReadPlain<std::uint64_t>(m_message, 't');
+            return ReadPlain<std::uint64_t>('t');
         if (type == "ay" && depth > 0)
             return ReadBytes();
         if (type == kBranch && depth < kMaxDepth)
@@ -115,7 +115,7 @@ private:
         TCTreeBranch branch;
         Checked(sd_bus_message_enter_container(m_message, 'a', "(nv)"));
         while (Checked(sd_bus_message_enter_container(m_message, 'r', "nv")) > 0) {
-            const auto tag = ReadPlain<std::int16_t>(m_message, 'n');
+            const auto tag = ReadPlain<std::int16_t>('n');
             branch.AppendChild({tag, ReadVariant(depth + 1)});
             Checked(sd_bus_message_exit_container(m_message));
         }
@@ -134,6 +134,13 @@ int Checked(int result)
     if (result < 0)
         throw std::system_error(-result, std::generic_category());
     return result;
+}
+
+Bus NewBus()
+{
+    sd_bus* bus = nullptr;
+    Checked(sd_bus_new(&bus));
+    return Bus(bus);
 }
 
 int WaitForBus(sd_bus* bus, std::uint64_t microseconds)

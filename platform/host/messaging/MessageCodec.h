@@ -1,4 +1,4 @@
-// Trees in D-Bus messages: a plain value is a variant by its width, a branch a variant with `a(nv)`.
+// Converts trees to D-Bus messages and back: a plain value is a variant of its width, a branch is a variant with `a(nv)`.
 #pragma once
 
 #include "tvs-api-internal/Tree.h"
@@ -18,20 +18,25 @@ constexpr const char* kDebugPrintInterface = "com.kavrin.IDebugPrintControl";
 struct BusUnref {
     void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
     void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
+    void operator()(sd_bus_slot* slot) const { sd_bus_slot_unref(slot); }
 };
 using Bus = std::unique_ptr<sd_bus, BusUnref>;
 using BusMessage = std::unique_ptr<sd_bus_message, BusUnref>;
+using BusSlot = std::unique_ptr<sd_bus_slot, BusUnref>;
 
-/// Passes on what an sd-bus function returned; throws std::system_error if that is an error.
+/// Returns the result of an sd-bus function; throws std::system_error if it is an error.
 int Checked(int result);
 
-/// sd_bus_wait for that many microseconds at most, but an interruption by a signal (EINTR) is not an error.
+/// A bus that is not started yet.
+Bus NewBus();
+
+/// sd_bus_wait, but an interruption by a signal (EINTR) is not an error.
 int WaitForBus(sd_bus* bus, std::uint64_t microseconds);
 
-/// Appends the values as `av`. Tags of the top level do not travel.
+/// Appends the values as `av`. The tags of these values are not sent; those of their children are.
 void AppendValues(sd_bus_message* message, const std::vector<TCTreeNode>& values);
 
-/// Reads an `av`. Throws std::system_error if it holds anything but trees, or trees that are too deep or too large.
+/// Reads an `av`. Throws std::system_error if it contains anything but trees, or trees that are too deep or too large.
 std::vector<TCTreeNode> ReadValues(sd_bus_message* message);
 
 } // namespace host

@@ -42,8 +42,7 @@ template <class Values> std::vector<TCTreeNode> MakeRequest(const Values& values
     return request;
 }
 
-// Writes the values of the reply; false if it has another form. The form of the whole reply is checked before the first
-// value is written.
+// Writes the values of the reply; returns false if it is malformed. Checks the types of all values before it writes one.
 template <class Values> bool TakeReply(const Values& values, std::vector<TCTreeNode>&& reply)
 {
     DefaultNodeCreator plain;
@@ -73,7 +72,7 @@ template <class Values> bool TakeReply(const Values& values, std::vector<TCTreeN
 
 } // namespace
 
-// Hidden: the library exports the connection only.
+// Hidden: the library exports TVServiceAPIConnection, but not this class.
 class __attribute__((visibility("hidden"))) TVServiceAPIConnection::Channel
 {
 public:
@@ -90,7 +89,7 @@ public:
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes values
 TVServiceAPIConnection::TVServiceAPIConnection(std::string, std::string objectPath, bool)
 {
-    host::Host::Instance(); // settings that cannot be used are reported before the first prompt
+    host::Host::Instance(); // reports invalid settings before the first prompt
     m_channel = std::make_unique<Channel>(std::move(objectPath));
 }
 

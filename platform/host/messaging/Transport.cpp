@@ -12,7 +12,7 @@ namespace host
 namespace
 {
 
-// libsystemd skips a transport that it does not know, and then reports that the connection was refused.
+// libsystemd skips an address with an unknown transport, and reports "connection refused" when no other is left.
 void RequireKnownTransport(const std::string& addresses)
 {
     std::istringstream stream(addresses);
@@ -25,26 +25,21 @@ void RequireKnownTransport(const std::string& addresses)
 
 Bus OpenBus(const std::string& setting)
 {
-    sd_bus* opened = nullptr;
-    if (setting == "session") {
-        Checked(sd_bus_open_user(&opened));
-        return Bus(opened);
-    }
-    if (setting == "system") {
-        Checked(sd_bus_open_system(&opened));
+    if (setting == "session" || setting == "system") {
+        sd_bus* opened = nullptr;
+        Checked(setting == "session" ? sd_bus_open_user(&opened) : sd_bus_open_system(&opened));
         return Bus(opened);
     }
     RequireKnownTransport(setting);
-    Checked(sd_bus_new(&opened));
-    Bus bus(opened);
-    Checked(sd_bus_set_address(opened, setting.c_str()));
-    Checked(sd_bus_set_bus_client(opened, 1));
-    Checked(sd_bus_start(opened));
+    Bus bus = NewBus();
+    Checked(sd_bus_set_address(bus.get(), setting.c_str()));
+    Checked(sd_bus_set_bus_client(bus.get(), 1));
+    Checked(sd_bus_start(bus.get()));
     return bus;
 }
 
-// libsystemd waits for the name server. The program of a unixexec: address would end with the thread that starts it, so
-// only an address with a host name is opened on a thread.
+// libsystemd blocks while it looks up a host name, so such an address is opened on a thread. No other address is: the
+// program of a unixexec: address would end with the thread that started it.
 bool HasHostName(const std::string& setting)
 {
     const char* const address = setting == "session"  ? std::getenv("DBUS_SESSION_BUS_ADDRESS")
@@ -60,7 +55,7 @@ Bus OpenOnThread(std::future<Bus>& opening, std::function<Bus()> open, Clock::ti
     if (!opening.valid()) {
         std::packaged_task<Bus()> task(std::move(open));
         opening = task.get_future();
-        std::thread(std::move(task)).detach(); // a wait for a name server cannot be ended
+        std::thread(std::move(task)).detach(); // the lookup of a host name cannot be cancelled
     }
     if (opening.wait_until(end) != std::future_status::ready)
         Checked(-ETIMEDOUT);
@@ -89,7 +84,7 @@ BusSlot BusTransport::Send(sd_bus* bus, sd_bus_message* call, BusMessage& reply)
     };
     sd_bus_slot* slot = nullptr;
     Checked(sd_bus_call_async(bus, &slot, call, onReply, &reply, UINT64_MAX));
-    return {slot, sd_bus_slot_unref};
+    return BusSlot(slot);
 }
 
 void HandleNext(Transport& transport, sd_bus* bus, Clock::time_point end)

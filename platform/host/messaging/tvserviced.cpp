@@ -1,4 +1,4 @@
-// The TV service as a process of its own, on the bus that TVS_BUS names. It ends when that bus ends.
+// The TV service as a separate process, on the bus that TVS_BUS names. It ends when the bus ends.
 #include "host/call/Settings.h"
 #include "host/call/StandardStreams.h"
 #include "host/call/Text.h"
@@ -18,18 +18,18 @@ namespace
 constexpr const char* kHelp = "Usage: TVS_BUS=BUS tvserviced\n"
                               "Serves the TV service's debug menu, com.kavrin.TVService, until the bus ends.\n"
                               "BUS is session, system or a D-Bus address.\n"
-                              "  --help     says this\n"
-                              "  --version  says the version\n";
+                              "  --help     prints this help\n"
+                              "  --version  prints the version\n";
 
 constexpr std::chrono::seconds kBusTimeout(10); // for the handshake, and for each call to the bus
 
-// Handles the command line of a process that is not to serve, and returns its exit status.
-int Answer(std::string_view argument, const char* surplus)
+// Handles an option and returns the exit status. `next` is the argument after it, or null.
+int RunOption(std::string_view argument, const char* next)
 {
     const bool known = argument == "--help" || argument == "--version";
-    if (!known || surplus != nullptr) {
-        const std::string refused(known ? surplus : argument);
-        host::PrintError("tvserviced: unknown argument '" + host::OneLine(refused) + "'; try tvserviced --help");
+    if (!known || next != nullptr) {
+        const std::string unknown(known ? next : argument);
+        host::PrintError("tvserviced: unknown argument '" + host::OneLine(unknown) + "'; try tvserviced --help");
         return 2;
     }
     std::fputs(argument == "--help" ? kHelp : "tvserviced " TVSERVICED_VERSION "\n", stdout);
@@ -51,9 +51,9 @@ host::Bus OpenBus(const std::string& setting)
 int main(int argc, char** argv)
 {
     host::KeepStandardDescriptors();
-    std::signal(SIGPIPE, SIG_IGN); // nobody may read the one line on standard output
+    std::signal(SIGPIPE, SIG_IGN); // the reader of standard output may be gone
     if (argc > 1)
-        return Answer(argv[1], argv[2]);
+        return RunOption(argv[1], argv[2]);
     const auto setting = host::Setting("TVS_BUS");
     if (!setting) {
         host::PrintError("tvserviced: TVS_BUS is not set: give session, system or a D-Bus address");

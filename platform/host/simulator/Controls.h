@@ -15,10 +15,18 @@ public:
     explicit Control(const Pipeline& pipeline = {}) : m_pipeline(pipeline) {}
 
 protected:
-    /// A call that succeeds and has no effect that can be read back.
+    /// A call that does `work(outputs)` and returns 1.
+    template <class Arguments, class Work> int m_Succeed(Op operation, const Arguments& arguments, Work work)
+    {
+        return m_tv.Call(operation, arguments, [&](Outputs& outputs) {
+            work(outputs);
+            return 1;
+        });
+    }
+    /// A call that returns 1 and has no effect that can be read back.
     template <class... Arguments> int m_Accept(Op operation, const Arguments&... arguments)
     {
-        return m_tv.Call(operation, With(arguments...), [](Outputs&) { return 1; });
+        return m_Succeed(operation, With(arguments...), [](Outputs&) {});
     }
 
     Simulator& m_tv = Simulator::Instance();

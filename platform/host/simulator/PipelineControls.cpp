@@ -15,30 +15,29 @@ public:
 
     int SetSource(ESource source, const std::string& options) override
     {
-        return m_tv.Call(Op::ISourceControl_SetSource, With(source, options),
-                         [&](Outputs&) { return m_Switch(source, {}); });
+        return m_Succeed(Op::ISourceControl_SetSource, With(source, options),
+                         [&](Outputs&) { m_tv.SetSource(m_pipeline, source, {}); });
     }
     int SetSource(ESource source, unsigned long long serviceId, const std::string& options) override
     {
-        return m_tv.Call(Op::ISourceControl_SetSource, With(source, serviceId, options),
-                         [&](Outputs&) { return m_Switch(source, serviceId); });
+        return m_Succeed(Op::ISourceControl_SetSource, With(source, serviceId, options),
+                         [&](Outputs&) { m_tv.SetSource(m_pipeline, source, serviceId); });
     }
     int SetPreviewSource(ESource source, const std::string& options) override
     {
-        return m_tv.Call(Op::ISourceControl_SetPreviewSource, With(source, options),
-                         [&](Outputs&) { return m_Switch(source, {}); });
+        return m_Succeed(Op::ISourceControl_SetPreviewSource, With(source, options),
+                         [&](Outputs&) { m_tv.SetSource(m_pipeline, source, {}); });
     }
     int SetPreviewSource(ESource source, unsigned long long serviceId, const std::string& options) override
     {
-        return m_tv.Call(Op::ISourceControl_SetPreviewSource, With(source, serviceId, options),
-                         [&](Outputs&) { return m_Switch(source, serviceId); });
+        return m_Succeed(Op::ISourceControl_SetPreviewSource, With(source, serviceId, options),
+                         [&](Outputs&) { m_tv.SetSource(m_pipeline, source, serviceId); });
     }
     int GetSource(ESource& source) override
     {
-        return m_tv.Call(Op::ISourceControl_GetSource, With(), [&](Outputs& outputs) {
+        return m_Succeed(Op::ISourceControl_GetSource, With(), [&](Outputs& outputs) {
             const auto found = m_tv.pipelines.find(m_pipeline);
             outputs.Write(source, found == m_tv.pipelines.end() ? SOURCE_TV : found->second.info.source);
-            return 1;
         });
     }
     int StopCurrentSource() override { return m_Accept(Op::ISourceControl_StopCurrentSource); }
@@ -55,13 +54,6 @@ public:
     int SetSoundOnVideoCall(bool on) override { return m_Accept(Op::ISourceControl_SetSoundOnVideoCall, on); }
     int StartHDMIAnalysis(ESource source) override { return m_Accept(Op::ISourceControl_StartHDMIAnalysis, source); }
     int StopHDMIAnalysis(ESource source) override { return m_Accept(Op::ISourceControl_StopHDMIAnalysis, source); }
-
-private:
-    int m_Switch(ESource source, std::optional<unsigned long long> serviceId)
-    {
-        m_tv.SetSource(m_pipeline, source, serviceId);
-        return 1;
-    }
 };
 
 class AVControl : public Control<IAVControl>
@@ -106,10 +98,8 @@ public:
 
     int CheckCaptionExist(bool& exist) override
     {
-        return m_tv.Call(Op::IDataControl_CheckCaptionExist, With(), [&](Outputs& outputs) {
-            outputs.Write(exist, m_tv.Tv().captionExist);
-            return 1;
-        });
+        return m_Succeed(Op::IDataControl_CheckCaptionExist, With(),
+                         [&](Outputs& outputs) { outputs.Write(exist, m_tv.Tv().captionExist); });
     }
 };
 
@@ -137,17 +127,14 @@ public:
 
     int GetPIDSetStatus(bool& set) override
     {
-        return m_tv.Call(Op::IPipelineUtility_GetPIDSetStatus, With(), [&](Outputs& outputs) {
-            outputs.Write(set, m_tv.Tv().pidSetStatus);
-            return 1;
-        });
+        return m_Succeed(Op::IPipelineUtility_GetPIDSetStatus, With(),
+                         [&](Outputs& outputs) { outputs.Write(set, m_tv.Tv().pidSetStatus); });
     }
     int GetCurrentTPMSStatus(TCTPMSStatus& status) override
     {
-        return m_tv.Call(Op::IPipelineUtility_GetCurrentTPMSStatus, With(), [&](Outputs&) {
+        return m_Succeed(Op::IPipelineUtility_GetCurrentTPMSStatus, With(), [&](Outputs&) {
             for (const auto& [pipeline, state] : m_tv.pipelines)
                 status.pipelines[pipeline.Handle()] = state.info;
-            return 1;
         });
     }
     int NotifyReceiverState(EStateChange kind, const std::string& application, int state,

@@ -1,4 +1,4 @@
-// The service database, navigation, the guide and the scans.
+// Control objects of the service database, navigation, the guide and scans.
 #include "host/simulator/Controls.h"
 #include "host/simulator/Signals.h"
 
@@ -37,35 +37,27 @@ public:
 
     int GetTvMode(TSTvMode& mode) override
     {
-        return m_tv.Call(Op::IServiceNavigation_GetTvMode, With(), [&](Outputs& outputs) {
-            outputs.Write(mode, m_tv.Mode(m_pipeline));
-            return 1;
-        });
+        return m_Succeed(Op::IServiceNavigation_GetTvMode, With(),
+                         [&](Outputs& outputs) { outputs.Write(mode, m_tv.Mode(m_pipeline)); });
     }
     int SetTvMode(TSTvMode mode, const std::string& options) override
     {
-        return m_tv.Call(Op::IServiceNavigation_SetTvMode, With(mode, options), [&](Outputs&) {
-            m_tv.pipelines[m_pipeline].mode = mode;
-            return 1;
-        });
+        return m_Succeed(Op::IServiceNavigation_SetTvMode, With(mode, options),
+                         [&](Outputs&) { m_tv.pipelines[m_pipeline].mode = mode; });
     }
     int SetTvMode(TSTvMode mode, const unsigned long long& serviceId, const std::string& options) override
     {
-        return m_tv.Call(Op::IServiceNavigation_SetTvMode, With(mode, serviceId, options), [&](Outputs&) {
+        return m_Succeed(Op::IServiceNavigation_SetTvMode, With(mode, serviceId, options), [&](Outputs&) {
             m_tv.pipelines[m_pipeline].mode = mode;
             m_tv.pipelines[m_pipeline].info.serviceId = serviceId;
-            return 1;
         });
     }
     int SetDTVMode(EDTVMode mode, bool on) override { return m_Accept(Op::IServiceNavigation_SetDTVMode, mode, on); }
     int SetService(const unsigned long long& serviceId, int reserved1, int reserved2,
                    const std::string& options) override
     {
-        return m_tv.Call(Op::IServiceNavigation_SetService, With(serviceId, reserved1, reserved2, options),
-                         [&](Outputs&) {
-                             m_tv.pipelines[m_pipeline].info.serviceId = serviceId;
-                             return 1;
-                         });
+        return m_Succeed(Op::IServiceNavigation_SetService, With(serviceId, reserved1, reserved2, options),
+                         [&](Outputs&) { m_tv.pipelines[m_pipeline].info.serviceId = serviceId; });
     }
     int SetBootupService(const unsigned long long& serviceId, TSTvMode* mode, int reserved) override
     {
@@ -74,7 +66,7 @@ public:
     int FindServices(const TCCriteriaHelper& criteria, std::list<TCServiceData*>& services, TSTvMode mode,
                      int reserved1, int reserved2) override
     {
-        return m_tv.Call(Op::IServiceNavigation_FindServices, With(criteria, mode, reserved1, reserved2),
+        return m_Succeed(Op::IServiceNavigation_FindServices, With(criteria, mode, reserved1, reserved2),
                          [&](Outputs&) {
                              for (const ScenarioService& candidate : m_tv.Tv().services) {
                                  if (!Simulator::Matches(candidate, criteria))
@@ -84,7 +76,6 @@ public:
                                  services.push_back(record.get());
                                  (void)record.release(); // the caller owns it now
                              }
-                             return 1;
                          });
     }
     int GetLatestRFServiceId(unsigned long long& serviceId, TSTvMode mode) override
@@ -102,12 +93,11 @@ private:
     int m_WriteLatest(Op operation, unsigned long long& serviceId, const TSTvMode& mode,
                       const std::optional<std::uint64_t>& cable, const std::optional<std::uint64_t>& air)
     {
-        return m_tv.Call(operation, With(mode), [&](Outputs& outputs) {
+        return m_Succeed(operation, With(mode), [&](Outputs& outputs) {
             if (mode.antennaMode == ANTENNA_MODE_CABLE && cable)
                 outputs.Write(serviceId, *cable);
             if (mode.antennaMode == ANTENNA_MODE_AIR && air)
                 outputs.Write(serviceId, *air);
-            return 1;
         });
     }
 };
@@ -124,9 +114,8 @@ public:
             if (service == nullptr || !service->title)
                 return 0;
             glong length = 0;
-            const std::unique_ptr<gunichar2, decltype(&g_free)> title(
-                g_utf8_to_utf16(service->title->c_str(), -1, nullptr, &length, nullptr), g_free);
-            program.SetTitle({title.get(), title.get() + length});
+            g_autofree gunichar2* title = g_utf8_to_utf16(service->title->c_str(), -1, nullptr, &length, nullptr);
+            program.SetTitle({title, title + length});
             return 1;
         });
     }
@@ -143,7 +132,7 @@ public:
     }
     int StartTuneAround(const TServiceList& services, const std::string& application) override
     {
-        return m_tv.Call(Op::IScanControl_StartTuneAround, With(services, application), [&](Outputs&) {
+        return m_Succeed(Op::IScanControl_StartTuneAround, With(services, application), [&](Outputs&) {
             SignalHub& hub = SignalHub::Instance();
             hub.Raise(SIGNAL_SI_STARTED, kScanPipeline, {});
             for (const auto& service : services) {
@@ -153,7 +142,6 @@ public:
                 hub.Raise(SIGNAL_TUNE_AROUND_SERVICE_DONE, kScanPipeline, data);
             }
             hub.Raise(SIGNAL_TUNE_AROUND_FINISHED, kScanPipeline, {}); // 0: completed
-            return 1;
         });
     }
     int StopManualScan() override { return m_Accept(Op::IScanControl_StopManualScan); }
@@ -163,13 +151,12 @@ public:
     }
     int StartBarkerChannelScan(const std::string& options, TSTvMode mode) override
     {
-        return m_tv.Call(Op::IScanControl_StartBarkerChannelScan, With(options, mode), [&](Outputs&) {
+        return m_Succeed(Op::IScanControl_StartBarkerChannelScan, With(options, mode), [&](Outputs&) {
             TSSignalData success;
             success.bytes[0] = 1;
             SignalHub& hub = SignalHub::Instance();
             hub.Raise(SIGNAL_SI_STARTED, kScanPipeline, {});
             hub.Raise(SIGNAL_BARKER_CHANNEL_TUNE, kScanPipeline, success);
-            return 1;
         });
     }
     int StopBarkerChannelScan() override { return m_Accept(Op::IScanControl_StopBarkerChannelScan); }

@@ -16,11 +16,10 @@ public:
     int CreateZoomWindow(int& handle, const TSRectInfo& source, const TSRectInfo& destination,
                          const TSRectInfo& main) override
     {
-        return m_tv.Call(Op::IZoomControl_CreateZoomWindow, With(source, destination, main), [&](Outputs& outputs) {
+        return m_Succeed(Op::IZoomControl_CreateZoomWindow, With(source, destination, main), [&](Outputs& outputs) {
             const int id = ++m_tv.lastZoomWindow;
             m_tv.zoomWindows[id] = {source, destination, main};
             outputs.Write(handle, id);
-            return 1;
         });
     }
     int DeleteZoomWindow(const std::vector<int>& ids, const TSRectInfo& main) override
@@ -79,26 +78,21 @@ public:
     }
     int IsZoomAvailable(bool& available) override
     {
-        return m_tv.Call(Op::IZoomControl_IsZoomAvailable, With(), [&](Outputs& outputs) {
-            outputs.Write(available, m_tv.Tv().zoomAvailable);
-            return 1;
-        });
+        return m_Succeed(Op::IZoomControl_IsZoomAvailable, With(),
+                         [&](Outputs& outputs) { outputs.Write(available, m_tv.Tv().zoomAvailable); });
     }
     int GetZoomSharingAvailableType(int& type) override
     {
-        return m_tv.Call(Op::IZoomControl_GetZoomSharingAvailableType, With(), [&](Outputs& outputs) {
-            outputs.Write(type, m_tv.Tv().zoomSharingType);
-            return 1;
-        });
+        return m_Succeed(Op::IZoomControl_GetZoomSharingAvailableType, With(),
+                         [&](Outputs& outputs) { outputs.Write(type, m_tv.Tv().zoomSharingType); });
     }
     int GetConnectedZoomWindows(std::vector<int>& ids) override
     {
-        return m_tv.Call(Op::IZoomControl_GetConnectedZoomWindows, With(), [&](Outputs& outputs) {
+        return m_Succeed(Op::IZoomControl_GetConnectedZoomWindows, With(), [&](Outputs& outputs) {
             std::vector<int> connected;
             for (const auto& entry : m_tv.zoomWindows)
                 connected.push_back(entry.first);
             outputs.Write(ids, connected);
-            return 1;
         });
     }
 

@@ -20,7 +20,7 @@ bool TCDebugMenuUtility::OpenLibrary(const char* path, const char* entry)
 {
     constexpr const char* sysroot = "DEBUGMENU_SYSROOT";
     const std::string file = host::Setting(sysroot).value_or("") + path;
-    // Never closed: threads, callbacks and exceptions of the plug-in may still need its code.
+    // Never closed: threads, callbacks and exceptions of the plug-in may use its code later.
     void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* symbol = library == nullptr ? nullptr : dlsym(library, entry);
     if (symbol == nullptr) {

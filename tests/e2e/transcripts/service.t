@@ -14,8 +14,8 @@ It says what it does. Without a bus it does nothing.
   Usage: TVS_BUS=BUS tvserviced
   Serves the TV service's debug menu, com.kavrin.TVService, until the bus ends.
   BUS is session, system or a D-Bus address.
-    --help     says this
-    --version  says the version
+    --help     prints this help
+    --version  prints the version
 
   $ tvserviced
   tvserviced: TVS_BUS is not set: give session, system or a D-Bus address
