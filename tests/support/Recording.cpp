@@ -107,6 +107,10 @@ testing::AssertionResult IsSame(const std::string& seen, const std::string& expe
 
 testing::AssertionResult IsAsRecorded(const std::string& path, const std::string& seen)
 {
+    if (!Matches(seen, "99 (?:: )?Exit(?:\n|⏎)={36}(?:\n|⏎)(?!tvs> )").empty())
+        return testing::AssertionFailure()
+               << "a menu is not the one in " << kMenus << "; correct it there before anything is recorded:\n"
+               << IsSame(seen, ReadFile(path)).message();
     if (SettingOr("DEBUGUTIL_RECORD", 0) != 0)
         std::ofstream(path) << seen;
     const auto same = IsSame(seen, ReadFile(path));
