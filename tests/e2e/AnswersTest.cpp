@@ -38,7 +38,7 @@ TEST(Answers, AreThoseOfTheTable)
         }
     }
     ASSERT_FALSE(HasFailure());
-    EXPECT_TRUE(IsAsRecorded(ANSWERS_PATH, table));
+    EXPECT_TRUE(MatchesRecord(ANSWERS_PATH, table));
 }
 
 } // namespace

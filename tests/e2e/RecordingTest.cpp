@@ -10,7 +10,7 @@ TEST_P(Recorded, IsPlayedAgain)
 {
     Recording recording = LoadRecording(GetParam());
     recording.record = PlayWithEcho(recording.input, recording.scenario) + "\n";
-    EXPECT_TRUE(IsAsRecorded(recording));
+    EXPECT_TRUE(MatchesRecord(recording));
     EXPECT_TRUE(IsSame(Play(recording.input, recording.scenario) + "\n", WithoutEcho(recording.record)));
 }
 

@@ -1,5 +1,5 @@
-// A plug-in as its author writes one: it calls the platform, uses the console and links neither. It does not examine
-// what it has read, and leaves the streams changed.
+// A plug-in that calls the platform and uses the console without linking either. It does not check its input, and leaves
+// the settings of the streams and the signal mask changed.
 #include "tvs-api/TVServiceAPI.h"
 
 #include <csignal>

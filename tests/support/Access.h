@@ -1,4 +1,4 @@
-// What the tests use of the private part of the menus.
+// The private members of the menus that tests use.
 #pragma once
 
 #include "debugutil/DebugMenuTPMS.h"

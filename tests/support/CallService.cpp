@@ -21,7 +21,7 @@ std::string CallService(const host::Bus& client, const std::string& call)
     sd_bus_error error = {};
     TCTreeBranch answer;
     const int result = sd_bus_call(client.get(), made, 0, &error, &received);
-    if (result == -EINTR) { // the fuzzer's timer
+    if (result == -EINTR) { // interrupted by the fuzzer's timer
         sd_bus_error_free(&error);
         return CallService(client, call);
     }

@@ -5,6 +5,6 @@
 
 #include <string>
 
-/// Sends one call, written as "Start 0" and its values, to the debug print service. Returns the values of the reply, or
-/// the message of the error. Throws std::system_error if such a message cannot be made.
+/// Sends one call to the debug print service: its method, number and values as text, for example `Start 0`. Returns the
+/// values of the reply, or the message of the error. Throws std::system_error if the call cannot be written as a message.
 std::string CallService(const host::Bus& client, const std::string& call);

@@ -1,5 +1,5 @@
-// Linked into a second build of the tool: it shows each word on standard output where it is read, so that words, texts
-// and calls are in one stream, in their order. It shows each wait, too, and the end of the event loop.
+// Linked into a second build of the tool. Prints each word on standard output when it is read, so that words, output and
+// calls are in one stream, in order. Also prints each sleep and the end of the event loop.
 #include "support/WordByWord.h"
 
 #include <dlfcn.h>
@@ -7,7 +7,7 @@
 #include <iostream>
 #include <time.h>
 
-// Read until the process ends.
+// Never freed: std::cin reads from it until the process ends.
 [[maybe_unused]] static const auto* const g_input = [] {
     auto* input = new WordByWord(*std::cin.rdbuf(),
                                  [](const std::string& word) { std::cout << WordByWord::Shown(word) << std::flush; });

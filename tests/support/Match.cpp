@@ -5,8 +5,8 @@
 
 static std::unique_ptr<GRegex, decltype(&g_regex_unref)> Expression(const std::string& pattern)
 {
-    constexpr auto how = static_cast<GRegexCompileFlags>(G_REGEX_RAW | G_REGEX_DOLLAR_ENDONLY);
-    return {g_regex_new(pattern.c_str(), how, {}, nullptr), g_regex_unref};
+    constexpr auto flags = static_cast<GRegexCompileFlags>(G_REGEX_RAW | G_REGEX_DOLLAR_ENDONLY);
+    return {g_regex_new(pattern.c_str(), flags, {}, nullptr), g_regex_unref};
 }
 
 std::vector<std::vector<std::string>> Matches(const std::string& text, const std::string& pattern)

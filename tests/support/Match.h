@@ -1,11 +1,11 @@
-// Regular expressions in GLib's syntax: they are built and run many times faster than the language's own.
+// Regular expressions in GLib's syntax. They are many times faster than std::regex.
 #pragma once
 
 #include <string>
 #include <vector>
 
-/// Each match with its groups; a group that takes no part is empty. Neither holds zero bytes.
+/// Returns each match with its groups; a group that did not match is empty. Text and pattern must have no zero bytes.
 std::vector<std::vector<std::string>> Matches(const std::string& text, const std::string& pattern);
 
-/// The text with something else for each match.
+/// Returns the text with each match replaced.
 std::string Replaced(const std::string& text, const std::string& pattern, const std::string& with = "");

@@ -21,19 +21,19 @@
 namespace
 {
 
-// More than any answer is long: what prints on and on would fill the memory before the time is over.
-constexpr std::size_t kTooMuch = 64U << 20;
-constexpr std::size_t kReported = 4000; // the end of what was printed
+// A program that prints without end would fill the memory before the timeout.
+constexpr std::size_t kMaxUnread = 64U << 20;
+constexpr std::size_t kMaxReported = 4000; // a failure shows the end of the output
 
 } // namespace
 
-int SettingOr(const char* name, int usual)
+int SettingOr(const char* name, int defaultValue)
 {
     const char* const setting = std::getenv(name);
-    return setting == nullptr ? usual : std::atoi(setting);
+    return setting == nullptr ? defaultValue : std::atoi(setting);
 }
 
-std::chrono::seconds Patience() { return std::chrono::seconds(SettingOr("DEBUGUTIL_TEST_PATIENCE", 60)); }
+std::chrono::seconds ReplyTimeout() { return std::chrono::seconds(SettingOr("DEBUGUTIL_TEST_REPLY_TIMEOUT", 60)); }
 
 Process::Process()
 {
@@ -65,7 +65,7 @@ void Process::Start(const std::vector<std::string>& command, const Environment& 
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         std::signal(SIGPIPE, SIG_DFL);
         for (const char* name : {"TVS_SCENARIO", "TVS_TRACE", "TVS_BUS", "DEBUGMENU_SYSROOT"})
-            unsetenv(name); // the caller's own settings
+            unsetenv(name); // the tests set their own
         for (const auto& [name, value] : environment)
             setenv(name.c_str(), value.c_str(), 1);
         dup2(in[0], 0);
@@ -75,7 +75,7 @@ void Process::Start(const std::vector<std::string>& command, const Environment& 
         std::perror(arguments[0]);
         _exit(127);
     }
-    setpgid(m_pid, m_pid); // here too: nobody knows which of the two comes first
+    setpgid(m_pid, m_pid); // here too: either process may run first
     for (const int descriptor : {in[0], out[1], err})
         close(descriptor);
     m_in = in[1];
@@ -87,7 +87,7 @@ bool Process::ReadSome(Clock::time_point deadline)
 {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
     pollfd ready{m_out, POLLIN, 0};
-    if (left <= 0 || m_text.size() - m_seen > kTooMuch || poll(&ready, 1, static_cast<int>(left)) <= 0)
+    if (left <= 0 || m_text.size() - m_seen > kMaxUnread || poll(&ready, 1, static_cast<int>(left)) <= 0)
         return false;
     char buffer[65536];
     const ssize_t count = read(m_out, buffer, sizeof buffer);
@@ -99,30 +99,30 @@ bool Process::ReadSome(Clock::time_point deadline)
 void Process::GiveUp(const std::string& reason)
 {
     ADD_FAILURE() << m_name << " " << reason << " after:\n"
-                  << m_text.substr(m_text.size() - std::min(m_text.size(), kReported)) << ReadFile(Path("err"));
+                  << m_text.substr(m_text.size() - std::min(m_text.size(), kMaxReported)) << ReadFile(Path("err"));
     if (m_pid > 0)
         kill(-m_pid, SIGKILL);
 }
 
 void Process::Type(const std::string& words)
 {
-    const auto deadline = Clock::now() + Patience();
+    const auto deadline = Clock::now() + ReplyTimeout();
     for (std::size_t done = 0; done < words.size();) {
         const ssize_t written = write(m_in, words.data() + done, words.size() - done);
         if (written > 0)
             done += static_cast<std::size_t>(written);
         else if (errno != EAGAIN)
-            return; // it has gone
+            return; // the program has exited
         else if (Clock::now() > deadline)
-            return GiveUp("reads no more");
+            return GiveUp("does not read its input");
         else
-            ReadSome(Clock::now() + std::chrono::milliseconds(10)); // its answers must not block it while we type
+            ReadSome(Clock::now() + std::chrono::milliseconds(10)); // it must not block on a full output pipe
     }
 }
 
 void Process::WaitFor(const std::string& text)
 {
-    const auto deadline = Clock::now() + Patience();
+    const auto deadline = Clock::now() + ReplyTimeout();
     std::size_t from = m_seen, found = std::string::npos;
     while ((found = m_text.find(text, from)) == std::string::npos) {
         from = std::max(m_seen, m_text.size() - std::min(m_text.size(), text.size()));
@@ -134,7 +134,7 @@ void Process::WaitFor(const std::string& text)
 
 int Process::End()
 {
-    const auto deadline = Clock::now() + Patience();
+    const auto deadline = Clock::now() + ReplyTimeout();
     close(std::exchange(m_in, -1));
     while (m_out >= 0 && ReadSome(deadline))
         ;

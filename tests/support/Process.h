@@ -1,4 +1,4 @@
-// A program on pipes, started by a test, and the folder it works in.
+// A program that a test runs on pipes, with a temporary folder for its files.
 #pragma once
 
 #include <chrono>
@@ -9,8 +9,8 @@
 
 using Environment = std::map<std::string, std::string>;
 
-/// A running program and what it has printed. When it does not answer in 60 s (DEBUGUTIL_TEST_PATIENCE sets other
-/// seconds) the test fails and the program is killed, so that nothing waits for it again.
+/// A running program and its output. After a timeout of 60 s (DEBUGUTIL_TEST_REPLY_TIMEOUT sets another one) the test
+/// fails and the program is killed, so that no later step waits for it again.
 class Process
 {
 public:
@@ -19,15 +19,15 @@ public:
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
-    /// Kills what ran before. Standard error goes to the file "err". Throws std::system_error.
+    /// Kills the program that ran before. Standard error goes to the file "err". Throws std::system_error.
     void Start(const std::vector<std::string>& command, const Environment& environment = {});
     void Type(const std::string& words);
-    /// Waits until that text has come, behind the text waited for last.
+    /// Waits until the program prints that text, after the text of the last WaitFor.
     void WaitFor(const std::string& text);
-    /// Ends the input and waits for the exit; returns its status, or minus the signal that ended the program.
+    /// Ends the input and waits for the exit. Returns its status, or minus the signal that ended the program.
     int End();
     void Kill();
-    /// The path of a file in the program's folder, which goes with it.
+    /// The path of a file in the program's folder, which is removed with this object.
     std::string Path(const char* name) const { return m_folder + "/" + name; }
     pid_t Pid() const { return m_pid; }
     const std::string& Text() const { return m_text; }
@@ -45,10 +45,10 @@ private:
     std::size_t m_seen = 0;
 };
 
-/// The number that the environment sets under that name.
-int SettingOr(const char* name, int usual);
+/// The number in that environment variable, or the default.
+int SettingOr(const char* name, int defaultValue);
 
-/// How long a program may take to answer.
-std::chrono::seconds Patience();
+/// How long a program may take to reply.
+std::chrono::seconds ReplyTimeout();
 
 std::string ReadFile(const std::string& path);

@@ -105,7 +105,7 @@ testing::AssertionResult IsSame(const std::string& seen, const std::string& expe
     return testing::AssertionFailure() << "\n" << diff.Text();
 }
 
-testing::AssertionResult IsAsRecorded(const std::string& path, const std::string& seen)
+testing::AssertionResult MatchesRecord(const std::string& path, const std::string& seen)
 {
     if (!Matches(seen, "99 (?:: )?Exit(?:\n|⏎)={36}(?:\n|⏎)(?!tvs> )").empty())
         return testing::AssertionFailure()
@@ -121,9 +121,9 @@ testing::AssertionResult IsAsRecorded(const std::string& path, const std::string
                       << " --gtest_filter=" << test->test_suite_name() << "." << test->name();
 }
 
-testing::AssertionResult IsAsRecorded(const Recording& recording)
+testing::AssertionResult MatchesRecord(const Recording& recording)
 {
-    return IsAsRecorded(PathOf(recording), FileText(recording));
+    return MatchesRecord(PathOf(recording), FileText(recording));
 }
 
 void ExpectExchanges(const std::string& name, const std::vector<std::string>& required,
@@ -139,7 +139,7 @@ void ExpectExchanges(const std::string& name, const std::vector<std::string>& re
         exchanges += (next == last ? "" : last) + line + "\n";
         last = next;
     }
-    EXPECT_TRUE(IsAsRecorded(path, exchanges + last));
+    EXPECT_TRUE(MatchesRecord(path, exchanges + last));
     for (const std::string& request : required)
         EXPECT_TRUE(("\n" + exchanges).find("\n> " + request + " ") != std::string::npos)
             << path << " has no request \"> " << request << "\"";

@@ -1,4 +1,4 @@
-// Tables that are recorded: sessions, answers and exchanges.
+// Recorded test data: sessions, answers and exchanges.
 #pragma once
 
 #include <functional>
@@ -6,9 +6,8 @@
 #include <string>
 #include <vector>
 
-/// A recorded session: tests/e2e/sessions/NAME.session. Its record is one stream of what was read, printed and called,
-/// in that order: a word is shown as ‹word› where the tool read it, a wait as «its length», and a menu as <its name>;
-/// menus.session shows each menu once.
+/// A recorded session: tests/e2e/sessions/NAME.session. Its record shows in order what the tool read, printed and
+/// called: a word as ‹word›, a sleep as «its length», and a menu as <its name>. menus.session has the text of each menu.
 struct Recording {
     std::string name;
     std::string scenario; ///< empty for the built-in one
@@ -16,33 +15,34 @@ struct Recording {
     std::string record;
 };
 
-/// The names of all of them, sorted.
+/// Returns the names of all recorded sessions, sorted.
 std::vector<std::string> RecordingNames();
 
 Recording LoadRecording(const std::string& name);
 
-/// Plays the words in a second build of the tool, which shows each word where it reads it. The exit status follows the
-/// record unless it is 0.
+/// Plays the words in a second build of the tool, which prints each word when it reads it. Returns the record, with the
+/// exit status appended if it is not 0.
 std::string PlayWithEcho(const std::string& input, const std::string& scenario = "");
 
-/// Plays the words in the tool itself, which shows no words.
+/// Plays the words in the tool itself, which does not print them.
 std::string Play(const std::string& input, const std::string& scenario = "");
 
-/// A record of PlayWithEcho as Play returns it.
+/// Converts a record of PlayWithEcho to the record that Play returns.
 std::string WithoutEcho(const std::string& record);
 
-/// The text with each menu as its name in menus.session, with brackets and line end.
+/// Replaces each menu by its name in menus.session, in angle brackets and on a line of its own.
 std::string FoldMenus(std::string text);
 
-/// Succeeds if the texts are equal; otherwise the message is their diff.
+/// Succeeds if the texts are equal. Otherwise the message is their diff.
 testing::AssertionResult IsSame(const std::string& seen, const std::string& expected);
 
-/// Compares with a recorded file; a failure ends with the command that records it. With DEBUGUTIL_RECORD=1 the file is
-/// written instead, for the engineer to read.
-testing::AssertionResult IsAsRecorded(const std::string& path, const std::string& seen);
-testing::AssertionResult IsAsRecorded(const Recording& recording);
+/// Compares with a recorded file. The message of a failure ends with the command that records the file again. With
+/// DEBUGUTIL_RECORD=1 the file is written first, and the engineer checks it with git diff.
+testing::AssertionResult MatchesRecord(const std::string& path, const std::string& seen);
+testing::AssertionResult MatchesRecord(const Recording& recording);
 
-/// Compares with tests/unit/exchanges/NAME: requests in lines that begin with "> ", each followed by its answer; equal
-/// answers to successive requests are written once. Every name of `required` must begin one of the requests.
+/// Sends each request of tests/unit/exchanges/NAME to `answer` and compares the answers with those of the file. A request
+/// is a line that begins with "> "; its answer follows. Equal answers to successive requests are written once, after the
+/// last of them. The file must have a request that begins with each of the names in `required`.
 void ExpectExchanges(const std::string& name, const std::vector<std::string>& required,
                      const std::function<std::string(const std::string& request)>& answer);

@@ -13,12 +13,12 @@
 namespace
 {
 
-// A call that does something other than release.
+// Any call except those that release something.
 const std::string
     kSendingCall(R"(\n(?!TVServiceAPI::Destroy|IPipelineUtility::(CheckPending|Unregister)|TCM\S*, "Stop"))"
                  R"((TVServiceAPI|TCM|I[A-Z])\w+::\w+\()");
 
-// How many calls of the operation did not do their work, because of a fault.
+// The number of calls of the operation that failed because of a fault.
 std::size_t FailuresOf(host::Op operation)
 {
     const host::Host& host = host::Host::Instance();
@@ -38,11 +38,11 @@ Session PlaySession(host::Scenario scenario, const std::string& words)
     ConsoleScope scope(std::move(scenario));
     scope.onWord = [](const std::string& word) { std::cout << WordByWord::Shown(word) << std::flush; };
     scope.Type(words + "\n");
-    *TSTestAccess::exitDebugMenu = false; // the session before set it
+    *TSTestAccess::exitDebugMenu = false; // the previous session has set it
     TCDebugUtil::StartMenu();
 
     host::SignalHub& hub = host::SignalHub::Instance();
-    hub.Unsubscribe(TCDebugUtil::SignalReceivedCallback); // the subscription of the monitor is never released
+    hub.Unsubscribe(TCDebugUtil::SignalReceivedCallback); // the signal monitor keeps its subscription
     const std::size_t subscriptions = hub.UnsubscribeAll();
     Session session{scope.TakeRecord(), "", {}};
     const auto& calls = host::Host::Instance().calls;

@@ -6,10 +6,10 @@
 #include <string>
 
 struct Session {
-    std::string record;                                ///< what was read, printed and called, errors included
-    std::string problems;                              ///< empty if everything was released, and nothing sent too late
-    std::array<unsigned, host::kOperationCount> calls; ///< of each operation
+    std::string record;   ///< what was read, printed and called, including errors
+    std::string problems; ///< objects not released and calls after the end of the input; empty if there are none
+    std::array<unsigned, host::kOperationCount> calls; ///< the number of calls of each operation
 };
 
-/// Types the words into the shell, on a simulator with that scenario, and then ends the input.
+/// Runs the shell on a simulator with that scenario, types the words and ends the input.
 Session PlaySession(host::Scenario scenario, const std::string& words);

@@ -1,4 +1,4 @@
-// The real executable.
+// Runs the tool's executable.
 #pragma once
 
 #include "support/Process.h"
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// What a run left behind.
+/// The result of a run.
 struct Outcome {
     int status; ///< exit status, or minus the signal that ended it
     std::string err;
@@ -20,6 +20,6 @@ public:
     /// The scenario is the text of a file; empty for the built-in one.
     explicit Tool(const std::string& scenario = "", Environment environment = {},
                   const std::vector<std::string>& command = {TOOL_PATH});
-    /// Ends the input, waits for the exit and collects all.
+    /// Ends the input, waits for the exit and returns the result.
     Outcome Finish();
 };

@@ -27,7 +27,7 @@ TCTreeBranch Branch(std::istream&& text)
             branch.AppendChild(*DefaultNodeCreator().CreateNode(LowerBytes(number, width), width, tag, 1));
         }
     }
-    text.ignore(); // the bracket
+    text.ignore(); // the closing bracket
     return branch;
 }
 

@@ -1,5 +1,5 @@
-// Message trees as text: each value behind its tag, a plain one behind the letter of its width (y, q, u, t for 1, 2, 4
-// and 8 bytes), bytes in quotes, a branch in brackets.
+// Message trees as text. Each value follows its tag and a colon: a number as the letter of its width (y, q, u, t: 1, 2, 4,
+// 8 bytes) and its digits, bytes in quotes, a branch in brackets.
 #pragma once
 
 #include "tvs-api-internal/Tree.h"
@@ -10,14 +10,14 @@
 std::string Show(const TCTreeBranch& branch);
 TCTreeBranch Branch(std::istream&& text);
 
-/// The lower bytes of a number, so many, where the CPU keeps them.
+/// The address of the lower `width` bytes of a number, on a CPU of either byte order.
 void* LowerBytes(std::uint64_t& number, unsigned width);
 
-/// Tags the values by their places. Those of a message are sent without tags.
+/// Tags the values with their positions. Messages do not carry the tags of their values.
 void NumberTags(TCTreeBranch& values);
 
-/// Whether the values are of these shapes, tagged by their places: a plain value has the letter of its width; T is a
-/// text, I a menu item, L a list of those.
+/// Whether the values have these shapes, one letter each, and their positions as tags. The letter of a number is that of
+/// its width; T is a text, I a menu item, L a list of menu items.
 bool Fit(const std::vector<TCTreeNode>& values, const std::string& shapes);
 
 /// Makes the flags of a list of menu items 0 or 1.

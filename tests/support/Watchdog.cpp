@@ -1,5 +1,5 @@
-// Part of every test program: what hangs or spins inside a test ends the program, where the test's own patience with
-// other programs does not see it.
+// Linked into every test program. Ends the program when a test hangs in its own process. (Process only limits the time
+// that a test waits for another program.)
 #include "support/Process.h"
 
 #include <gtest/gtest.h>
@@ -10,10 +10,10 @@ namespace
 
 class Watchdog : public testing::EmptyTestEventListener
 {
-    void OnTestStart(const testing::TestInfo&) override { alarm(static_cast<unsigned>(2 * Patience().count())); }
+    void OnTestStart(const testing::TestInfo&) override { alarm(static_cast<unsigned>(2 * ReplyTimeout().count())); }
 };
 
-[[maybe_unused]] const bool g_watches = [] {
+[[maybe_unused]] const bool g_installed = [] {
     testing::UnitTest::GetInstance()->listeners().Append(new Watchdog);
     return true;
 }();

@@ -1,4 +1,4 @@
-// An input that reads one word at a time, so that something can happen before the next one.
+// An input buffer that delivers one word at a time, so that a test can act before the next word.
 #pragma once
 
 #include <cctype>
@@ -16,7 +16,7 @@ public:
     {
     }
 
-    /// A word as a record shows it.
+    /// The word as a record shows it.
     static std::string Shown(const std::string& word) { return word.empty() ? "‹end of input›\n" : "‹" + word + "›\n"; }
 
 protected:

@@ -88,7 +88,7 @@ TEST(Scenario, IsReadOrRejectedToTheLetter)
         const std::unique_ptr<char, decltype(&g_free)> text(g_strcompress(line.c_str()), g_free);
         played += line + " => " + Parsed(text.get()) + "\n";
     }
-    EXPECT_TRUE(IsAsRecorded(RECORD_PATH "/scenarios", played));
+    EXPECT_TRUE(MatchesRecord(RECORD_PATH "/scenarios", played));
 }
 
 TEST(Scenario, IsShownWithEveryKey)

@@ -35,7 +35,7 @@ protected:
     void TearDown() override
     {
         const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-        EXPECT_TRUE(IsAsRecorded(RECORD_PATH "/" + name, scope.TakeRecord()));
+        EXPECT_TRUE(MatchesRecord(RECORD_PATH "/" + name, scope.TakeRecord()));
     }
 
     ConsoleScope scope{host::ParseScenario(
