@@ -1,4 +1,4 @@
-// What one word more does, beside the recorded sessions: odd words, operations that fail, objects that are not made.
+// What one more word prints and calls: unusual words, operations that fail, factories that return no object.
 #include "support/Match.h"
 #include "support/Recording.h"
 #include "support/Tool.h"
@@ -9,7 +9,7 @@
 namespace
 {
 
-// What is printed and called between the last of the words and the end of the input, in one line.
+// Returns what is printed and called between the last word and the end of the input, on one line.
 std::string AnswerTo(const std::string& words, const std::string& scenario)
 {
     const std::string inputEnd = "‹end of input›\n", record = PlayWithEcho(words, scenario);
@@ -20,7 +20,7 @@ std::string AnswerTo(const std::string& words, const std::string& scenario)
 }
 
 // answers.txt has a scenario, then headings and rows: words | OPERATION=RESULT | answer.
-TEST(Answers, AreThoseOfTheTable)
+TEST(Answers, MatchTheTable)
 {
     const std::string row = R"(^([-+\w ]+?)(?: \|( \S+=[^|]*?)? \| .*| \|( \S+=.*))?$)";
     std::istringstream lines(ReadFile(ANSWERS_PATH));
@@ -32,7 +32,7 @@ TEST(Answers, AreThoseOfTheTable)
             scenario += line + "\n";
         } else if (!heading.empty()) {
             const auto match = Matches(line, row);
-            ASSERT_EQ(match.size(), 1U) << "not a row of the table: " << line;
+            ASSERT_EQ(match.size(), 1U) << "this line is not a row of the table: " << line;
             const std::string words = match[0][1], fault = match[0][2] + match[0][3];
             line = words + " |" + fault + " | " + AnswerTo(words, scenario + "[result]\n" + fault);
         }

@@ -1,4 +1,4 @@
-// Recorded sessions of every command, compared character by character.
+// Plays the recorded sessions of every command and compares each byte of their output.
 #include "support/Recording.h"
 
 namespace
@@ -6,7 +6,7 @@ namespace
 
 using Recorded = testing::TestWithParam<std::string>;
 
-TEST_P(Recorded, IsPlayedAgain)
+TEST_P(Recorded, PlaysAsRecorded)
 {
     Recording recording = LoadRecording(GetParam());
     recording.record = PlayWithEcho(recording.input, recording.scenario) + "\n";

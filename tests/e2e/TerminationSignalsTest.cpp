@@ -1,4 +1,4 @@
-// Ctrl-C, a terminal that closes and kill: the input ends, everything is released, and the process ends by the signal.
+// SIGINT, SIGHUP and SIGTERM end the input: every object is released, and the process ends by the signal.
 #include "support/Match.h"
 #include "support/Tool.h"
 
@@ -27,8 +27,9 @@ struct HeldInput {
     const int end;
 };
 
-// Every object that a factory made was released once. Signal subscribers do not count: the TV service keeps them.
-testing::AssertionResult IsBalanced(const Outcome& outcome)
+// Whether every object that a factory created was released once. The TV service keeps signal subscribers; they are
+// destroyed by their callback and not counted here.
+testing::AssertionResult ReleasesEveryObject(const Outcome& outcome)
 {
     const char* const call = R"(TVServiceAPI::(?:Create(?!SignalSubscriber)(\w+)\(.*\) = 0|Destroy\(I(\w+)\)))";
     std::map<std::string, int> alive;
@@ -41,7 +42,7 @@ testing::AssertionResult IsBalanced(const Outcome& outcome)
 constexpr int kSignals[] = {SIGHUP, SIGINT, SIGTERM};
 const std::string kStop = "TCMarshallingHelperProxy::Run(\"com.kavrin.IDebugPrintControl\", \"Stop\", 2) = true";
 
-TEST(TerminationSignals, EndsTheInputAtEveryKindOfPrompt)
+TEST(TerminationSignals, EndTheInputAtEveryKindOfPrompt)
 {
     struct Case {
         const char* words;
@@ -67,11 +68,11 @@ TEST(TerminationSignals, EndsTheInputAtEveryKindOfPrompt)
             tool.WaitFor(c.prompt);
             const HeldInput held(tool);
             kill(tool.Pid(), signal);
-            tool.Type("99 "); // comes after the end of the input
+            tool.Type("99 "); // must be ignored: the input has ended
             const Outcome outcome = tool.Finish();
             EXPECT_EQ(outcome.status, -signal) << c.words;
             EXPECT_THAT("(no call)\n" + outcome.trace, testing::EndsWith(c.last + "\n")) << c.words;
-            EXPECT_TRUE(IsBalanced(outcome)) << c.words;
+            EXPECT_TRUE(ReleasesEveryObject(outcome)) << c.words;
             EXPECT_EQ(outcome.trace.find("SetSource"), std::string::npos) << c.words;
             EXPECT_EQ(outcome.err, "") << c.words;
         }
@@ -82,7 +83,7 @@ using TerminationAtAnyMoment = testing::TestWithParam<unsigned>;
 
 INSTANTIATE_TEST_SUITE_P(Seeds, TerminationAtAnyMoment, testing::Values(1U, 2U, 3U, 4U));
 
-TEST_P(TerminationAtAnyMoment, LeavesNothingBehind)
+TEST_P(TerminationAtAnyMoment, ReleasesEverything)
 {
     std::mt19937 random(GetParam());
     for (int round = SettingOr("DEBUGUTIL_TEST_ROUNDS", 50); round > 0 && !HasFailure(); --round) {
@@ -94,15 +95,15 @@ TEST_P(TerminationAtAnyMoment, LeavesNothingBehind)
         kill(tool.Pid(), signal);
         const Outcome outcome = tool.Finish();
         EXPECT_TRUE(outcome.status == -signal) << outcome.status;
-        EXPECT_TRUE(IsBalanced(outcome));
+        EXPECT_TRUE(ReleasesEveryObject(outcome));
         EXPECT_LE(outcome.trace.rfind("CreateSignalSubscriber") + 1, outcome.trace.rfind("DestroySignalSubscriber") + 1)
             << outcome.trace;
         EXPECT_LE(outcome.trace.rfind("\"Start\"") + 1, outcome.trace.rfind("\"Stop\"") + 1) << outcome.trace;
     }
 }
 
-// A terminal that closes, and a service manager that ends a session, send two signals at once.
-TEST(TerminationSignals, TwoAtOnceAreOne)
+// A closing terminal sends two signals at once, and so does a service manager that stops a session.
+TEST(TerminationSignals, EndTheToolOnceWhenTwoArriveTogether)
 {
     for (const char* scenario : {"", "[delay]\nTVServiceAPI::Destroy=50\n"}) {
         for (const bool stopped : {false, true}) {
@@ -120,13 +121,13 @@ TEST(TerminationSignals, TwoAtOnceAreOne)
                 tool.Type("99 "); // comes after the end of the input, as below
                 const Outcome outcome = tool.Finish();
                 EXPECT_TRUE(outcome.status == -first || outcome.status == -second) << outcome.status;
-                EXPECT_TRUE(IsBalanced(outcome));
+                EXPECT_TRUE(ReleasesEveryObject(outcome));
             }
         }
     }
 }
 
-TEST(TerminationSignals, ALaterOneEndsACallThatHangs)
+TEST(TerminationSignals, EndACallThatHangsWhenASecondOneArrives)
 {
     Tool tool("[delay]\nISourceControl::SetSource=3600000\n");
     tool.Type("5 6 0 13 ");
@@ -171,7 +172,7 @@ TEST(TerminationSignals, EndTheInputAfterAPlugInThatBlocksThem)
     EXPECT_EQ(tool.Finish().status, -SIGTERM);
 }
 
-// The reader is slow, so the tool waits inside a write, with many more words to read.
+// The output pipe is full, so the tool blocks in a write with many more words to read.
 TEST(TerminationSignals, LoseNoTextAndReadNoFurtherWord)
 {
     Tool tool;
@@ -181,21 +182,21 @@ TEST(TerminationSignals, LoseNoTextAndReadNoFurtherWord)
     tool.Type(words);
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     kill(tool.Pid(), SIGTERM);
-    std::this_thread::sleep_for(std::chrono::milliseconds(100)); // the signal comes before the reader
+    std::this_thread::sleep_for(std::chrono::milliseconds(100)); // the signal arrives before the output is read
     const Outcome outcome = tool.Finish();
     EXPECT_EQ(outcome.err, "");
     EXPECT_THAT(tool.Text(), testing::EndsWith("99 Exit\n====================================\ncmd> "));
-    EXPECT_LT(tool.Text().size(), 200'000U); // what a pipe holds; all words would give twice that
+    EXPECT_LT(tool.Text().size(), 200'000U); // a pipe holds less; the output of all words is twice as long
 }
 
 // The kernel may deliver a signal to any thread of the process.
-TEST(TerminationSignals, ReachesTheConsoleFromAnotherThread)
+TEST(TerminationSignals, ReachTheConsoleFromAnotherThread)
 {
     Tool tool;
     tool.Type("1 ");
     tool.WaitFor("tvs> ");
     const HeldInput held(tool);
-    std::this_thread::sleep_for(std::chrono::milliseconds(100)); // by now it reads
+    std::this_thread::sleep_for(std::chrono::milliseconds(100)); // the tool is reading by now
     const std::string tasks = "/proc/" + std::to_string(tool.Pid()) + "/task";
     for (const auto& entry : std::filesystem::directory_iterator(tasks)) {
         const int thread = std::stoi(entry.path().filename());

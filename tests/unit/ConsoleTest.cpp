@@ -1,4 +1,4 @@
-// Words longer than anybody types, and how texts are written.
+// How the console reads very long words and writes lines.
 #include "debugutil/Console.h"
 #include "support/ConsoleScope.h"
 
@@ -11,13 +11,13 @@ TEST(Console, CutsAWordAfterAMebibyte)
 {
     ConsoleScope scope;
     scope.Type(std::string((1 << 20) + 1, 'x') + " " + std::string(1 << 20, 'y') + " z " + std::string(3 << 20, 'x'));
-    std::vector<std::size_t> lengths; // what is cut off is no word of its own, at the end of the input either
+    std::vector<std::size_t> lengths; // the rest of a cut word is skipped, also at the end of the input
     for (std::string word; console::ReadWord(word) && lengths.size() < 9;)
         lengths.push_back(word.size());
     EXPECT_EQ(lengths, (std::vector<std::size_t>{1 << 20, 1 << 20, 1, 1 << 20}));
 }
 
-// Shows where an insertion begins.
+// Marks the beginning of each insertion.
 struct Screen : std::stringbuf {
     std::streamsize xsputn(const char* s, std::streamsize n) override
     {
@@ -25,7 +25,7 @@ struct Screen : std::stringbuf {
     }
 };
 
-TEST(Console, WritesALineAtOnceAndReportsALossWithItsOwnReason)
+TEST(Console, WritesALineInOneInsertionAndIgnoresAnEarlierErrno)
 {
     Screen screen;
     const ConsoleScope scope; // resets the streams at the end

@@ -1,4 +1,4 @@
-// Objects to trees and back.
+// Conversion of objects to trees and back.
 #include "debugutil/MenuItem.h"
 #include "support/Trees.h"
 
@@ -9,22 +9,22 @@
 namespace
 {
 
-// Writes down what it is asked.
-struct AskedCreator : TCMarshalableNodeCreator {
-    AskedCreator(int newKind, std::string& newAsked) : kind(newKind), asked(newAsked) {}
+// Records the calls of its operations.
+struct RecordingCreator : TCMarshalableNodeCreator {
+    RecordingCreator(int newKind, std::string& newCalls) : kind(newKind), calls(newCalls) {}
     bool FillElement(void*, std::size_t size, std::size_t byteSize, TCTreeNode&) override
     {
-        asked += "fill " + std::to_string(byteSize / size) + " ";
+        calls += "fill " + std::to_string(byteSize / size) + " ";
         return false;
     }
     bool HasCountedElements() const override { return kind > 7; }
     int GetKind() const override { return kind; }
-    void ReleaseElement(void*) override { asked += "release "; }
+    void ReleaseElement(void*) override { calls += "release "; }
     int kind;
-    std::string& asked;
+    std::string& calls;
 };
 
-TEST(MenuItems, AskTheirCreator)
+TEST(MenuItems, UseTheirNodeCreator)
 {
     unsigned long none = 0;
     EXPECT_FALSE(TSMenuItem().getID() != 0 || TSMenuItem().getState() || TSMenuItem().GetSizeOfMarshalled(none));
@@ -32,20 +32,20 @@ TEST(MenuItems, AskTheirCreator)
                                     "release release fill 2 fill 0 fill 0 ", "fill 2 fill 0 fill 0 "};
     for (const int kind : {6, 7, 8, 9}) {
         std::vector<TSMenuItem> items(2);
-        std::string asked;
-        TCMarshalableMenuItems list(&items, std::make_unique<AskedCreator>(kind, asked));
+        std::string calls;
+        TCMarshalableMenuItems list(&items, std::make_unique<RecordingCreator>(kind, calls));
         EXPECT_EQ(list.GetMarshalableStorageType(), 1);
         TCTreeBranch branch;
         branch.AppendChild({-1, TCTreeNode::Bytes(2 * sizeof(TSMenuItem))});
         EXPECT_TRUE(list.ClassToTree(branch) && list.TreeToClass(branch));
-        EXPECT_EQ(asked, expected[kind - 6]);
+        EXPECT_EQ(calls, expected[kind - 6]);
     }
     TCTreeBranch nothing;
     TCMarshalableMenuItems unbound(nullptr, std::make_unique<TCMarshalableNodeCreator>());
     EXPECT_TRUE(unbound.ClassToTree(nothing) && unbound.TreeToClass(nothing));
 }
 
-TEST(Tree, TakesNothingBehindAFailure)
+TEST(Tree, IgnoresTheValuesAfterAFailure)
 {
     std::uint32_t number = 7;
     for (const auto& [width, length, expected] :
@@ -57,7 +57,7 @@ TEST(Tree, TakesNothingBehindAFailure)
         writer.PushValue(2, 4, &number);
         EXPECT_EQ((writer.Extract() ? "written " : "failed ") + Show(branch), expected);
     }
-    TCTreeBranch bytes = Branch(std::istringstream("0:'abc'")); // of another length than the place for them
+    TCTreeBranch bytes = Branch(std::istringstream("0:'abc'")); // longer than their destination
     TCTreeToClassFormatter reader(bytes);
     EXPECT_FALSE((reader.PushLengthArray(0, 2, &number, nullptr), reader.FillOut()));
 }

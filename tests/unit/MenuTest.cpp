@@ -1,4 +1,4 @@
-// The return values of the TPMS tests, which the menu ignores, and the longest list.
+// Details of the TPMS menu that no session shows: return values, a counter of 16 bits, a subscription that fails.
 #include "support/Access.h"
 #include "support/ConsoleScope.h"
 
@@ -7,7 +7,7 @@
 namespace
 {
 
-TEST(TPMSTests, ReturnWhetherTheyRan)
+TEST(TPMSTests, ReturnWhetherTheySucceeded)
 {
     constexpr auto epg = TSTestAccess::epgDataFeeding, invalid = TSTestAccess::invalidServiceTest,
                    bootup = TSTestAccess::setBootupService;
@@ -41,7 +41,7 @@ TEST(TPMSTests, CountTitlesIn16Bits)
     EXPECT_THAT(scope.TakeRecord(), testing::HasSubstr("\tno data in 65536 programs\n"));
 }
 
-TEST(TPMSTests, AddNoSignalsWhenAnotherSubscriptionFails)
+TEST(TPMSTests, AddNoSignalsWhenTheSecondSubscriptionFails)
 {
     ConsoleScope scope(host::ParseScenario("(test)", "[result]\nTVServiceAPI::CreateSignalSubscriber#2=-1\n"));
     scope.Type("99 18 6 99 99");

@@ -1,4 +1,4 @@
-// Calls to a TV service: how long it may take, and what the real one answers.
+// Calls to the TV service: their timeouts, values that cannot be sent, and the replies of the debug print service.
 #include "tvs-api-internal/Messaging.h"
 #include "host/messaging/Channel.h"
 #include "support/CallService.h"
@@ -12,7 +12,8 @@ namespace
 
 using namespace std::chrono_literals;
 
-/// The embedded service, or a bus on which nobody answers, with a clock that only waiting moves on. Records the calls.
+/// Connects to the embedded service, or simulates an unresponsive one. Its clock only advances while it waits. Records
+/// the calls.
 class RecordingTransport : public host::BusTransport
 {
 public:
@@ -50,14 +51,14 @@ public:
     }
 
     bool responsive = true;
-    bool flood = false; ///< messages that are no answer keep coming
+    bool flood = false; ///< messages that are no replies arrive without end
 
 private:
     std::string& m_calls;
     host::Clock::time_point m_now;
 };
 
-std::string StopReport(host::Channel& channel)
+std::string ResultOfStop(host::Channel& channel)
 {
     try {
         channel.Call(host::kDebugPrintInterface, "Stop", 2, {});
@@ -67,7 +68,7 @@ std::string StopReport(host::Channel& channel)
     }
 }
 
-TEST(Messaging, WaitsTenSecondsForAnUnresponsiveServiceAndThenOne)
+TEST(Messaging, ReconnectsAfterATimeoutOfTenSeconds)
 {
     std::string calls;
     auto owned = std::make_unique<RecordingTransport>(calls);
@@ -75,42 +76,42 @@ TEST(Messaging, WaitsTenSecondsForAnUnresponsiveServiceAndThenOne)
     host::Channel channel(host::kServiceObjectPath, "cannot open", std::move(owned));
     const auto stop = [&](bool responsive) {
         transport.responsive = responsive;
-        return StopReport(channel);
+        return ResultOfStop(channel);
     };
     EXPECT_EQ(stop(true), "answered");
     EXPECT_EQ(stop(true), "answered");
-    EXPECT_EQ(calls, "open send send "); // one bus for both
+    EXPECT_EQ(calls, "open send send "); // both on one connection
     calls.clear();
     EXPECT_EQ(stop(false), "no answer within 10 s");
-    EXPECT_EQ(stop(true), "answered"); // on a new bus: half an answer may be in the old one
+    EXPECT_EQ(stop(true), "answered"); // on a new connection: the old one may hold half a reply
     EXPECT_EQ(stop(false), "no answer within 10 s");
     EXPECT_EQ(calls, "send wait 10000 open send send wait 10000 ");
 }
 
-TEST(Messaging, LimitsTheHandshakeToo)
+TEST(Messaging, LimitsTheTimeOfTheHandshake)
 {
     std::string calls;
     auto owned = std::make_unique<RecordingTransport>(calls, "unixexec:path=sleep,argv1=60");
     owned->responsive = false;
     host::Channel channel(host::kServiceObjectPath, "cannot open", std::move(owned));
-    EXPECT_EQ(calls, "open wait 200 "); // the first prompt waits no longer
-    EXPECT_EQ(StopReport(channel), "no answer within 10 s");
-    EXPECT_EQ(StopReport(channel), "no answer within 1 s");
+    EXPECT_EQ(calls, "open wait 200 "); // the longest delay of the first prompt
+    EXPECT_EQ(ResultOfStop(channel), "no answer within 10 s");
+    EXPECT_EQ(ResultOfStop(channel), "no answer within 1 s");
     EXPECT_EQ(calls, "open wait 200 wait 10000 open wait 1000 ");
 }
 
-TEST(Messaging, EndsAFlood)
+TEST(Messaging, TimesOutWhenOtherMessagesKeepArriving)
 {
     std::string calls;
     auto owned = std::make_unique<RecordingTransport>(calls);
     RecordingTransport& transport = *owned;
     host::Channel channel(host::kServiceObjectPath, "cannot open", std::move(owned));
     transport.flood = true;
-    EXPECT_EQ(StopReport(channel), "no answer within 10 s");
+    EXPECT_EQ(ResultOfStop(channel), "no answer within 10 s");
 }
 
-// libsystemd cannot give up a wait for a name server; a later call takes its result.
-TEST(Messaging, LimitsTheWaitForANameServer)
+// libsystemd cannot cancel a name lookup. A later call uses the result.
+TEST(Messaging, LimitsTheTimeOfANameLookup)
 {
     std::future<host::Bus> opening;
     std::promise<void> resolved;
@@ -133,7 +134,7 @@ TEST(Messaging, LimitsTheWaitForANameServer)
     EXPECT_EQ(report(), "cannot open: No route to host");
 }
 
-TEST(Messaging, RefusesWhatDoesNotFit)
+TEST(Messaging, RejectsValuesOfTheWrongSize)
 {
     testing::internal::CaptureStderr();
     setenv("TVS_BUS", "", 1);
@@ -150,7 +151,7 @@ TEST(Messaging, RefusesWhatDoesNotFit)
                                                       "TV service on this process: the call failed: malformed reply\n");
 }
 
-TEST(DebugPrintService, AnswersEveryMethod)
+TEST(DebugPrintService, RepliesToEveryMethod)
 {
     host::EmbeddedService service;
     const host::Bus client = service.Connect();

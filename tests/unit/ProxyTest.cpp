@@ -1,4 +1,4 @@
-// The proxy and the remote menu on a messaging double that records each call.
+// The proxy and the remote menu on a mock of the messaging that records each call.
 #include "debugutil/DebugUtil.h"
 #include "support/Process.h"
 #include "support/Recording.h"
@@ -15,7 +15,7 @@ namespace
 
 const std::string kInterface = "com.kavrin.IDebugPrintControl";
 
-// Calls and console, in their order. A shell that prints without end is stopped.
+// Collects calls and console output in order. Throws when the shell prints without end.
 struct RecordBuffer : std::stringbuf {
     std::streamsize xsputn(const char* text, std::streamsize size) override
     {
@@ -24,7 +24,7 @@ struct RecordBuffer : std::stringbuf {
     }
 };
 
-// Calls come before main and after it, too.
+// Never freed: calls also come before and after main.
 std::ostream& Record()
 {
     static auto& record = *new std::ostream(new RecordBuffer);
@@ -43,8 +43,8 @@ std::string TakeRecord()
     return text;
 }
 
-// How the next calls end, one a line: + (succeeds) or - (fails) with the values of the reply; ! throws a
-// std::exception, ? throws something else.
+// The outcomes of the next calls, one per line: + (success) or - (failure) with the values of the reply, ! (throws a
+// std::exception), ? (throws another exception).
 std::stringstream outcomes;
 
 } // namespace
@@ -73,10 +73,10 @@ void TCMarshallingHelper::PushMarshalableClass(EMarshallingDirection direction, 
 bool TCMarshallingHelperProxy::Run(TVServiceAPIConnection* connection, std::string& interfaceName,
                                    const std::string& method, short number, bool reserved)
 {
-    const char how = static_cast<char>(outcomes.get());
+    const char outcome = static_cast<char>(outcomes.get());
     std::string text;
     std::getline(outcomes, text);
-    TCTreeBranch reply = Branch(std::istringstream(text)), pushed; // the direction stands where the tag does
+    TCTreeBranch reply = Branch(std::istringstream(text)), pushed; // the tag is the direction
     auto next = reply.GetChildren().begin();
     for (const auto& [direction, width, plain, object] : m_values) {
         pushed.AppendChild(object == nullptr
@@ -89,13 +89,14 @@ bool TCMarshallingHelperProxy::Run(TVServiceAPIConnection* connection, std::stri
         else
             object->TreeToClass(std::get<TCTreeBranch>(next++->value));
     }
-    Record() << number << ' ' << method << '(' << Show(pushed) << ')' << (connection == nullptr ? " nowhere" : "")
+    Record() << number << ' ' << method << '(' << Show(pushed) << ')'
+             << (connection == nullptr ? " without connection" : "")
              << (interfaceName == kInterface && !reserved ? "" : " of " + interfaceName);
-    if (how == '!')
+    if (outcome == '!')
         throw std::runtime_error("bro\nken");
-    if (how == '?')
+    if (outcome == '?')
         throw text;
-    return how == '+';
+    return outcome == '+';
 }
 
 void _TCApiAssert(const char* expression, const char* path, unsigned long line, const char* message)
@@ -106,9 +107,9 @@ void _TCApiAssert(const char* expression, const char* path, unsigned long line, 
 namespace
 {
 
-// A request of the table is an operation and the values of a reply. The answer is the call that the proxy makes, then
-// its result, text and value when the call succeeds with that reply, fails with it, fails without and succeeds without.
-TEST(Proxy, MakesEachCallAsTheServiceKnowsIt)
+// Each request in the file is an operation and the values of a reply. Its answer is the call that the proxy makes, then
+// result, text and value when the call succeeds with that reply, fails with it, fails without one, succeeds without one.
+TEST(Proxy, MakesEachCallAndReturnsItsReply)
 {
     TSMenuItem item;
     item.setName("Tuner");
@@ -153,7 +154,7 @@ TEST(Proxy, MakesEachCallAsTheServiceKnowsIt)
     EXPECT_EQ(TCDebugPrintControlProxy(kInterface, nullptr).Stop(), -1);
     EXPECT_EQ(TakeRecord(), "m_pTVSConnection src/debugutil/DebugPrintControlProxy 20"
                             "ASSERT!!! - function TCDebugPrintControlProxy, line 20"
-                            "2 Stop(0:u4294967295) nowhere");
+                            "2 Stop(0:u4294967295) without connection");
 }
 
 TEST(MarshalableString, KeepsEveryByteAndAssertsWithoutAString)

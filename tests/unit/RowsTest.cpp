@@ -1,5 +1,5 @@
-// Every row of every menu (tests/unit/rows has the words of each): the input ends after each word, and every operation
-// has every fault.
+// Plays every row of every menu; tests/unit/rows has the words. The sessions end after each of the words, and run with
+// every fault of every operation.
 #include "support/Match.h"
 #include "support/Process.h"
 #include "support/Recording.h"
@@ -35,7 +35,7 @@ struct Rows : testing::Test {
     std::string row;
 };
 
-// The record of a session, without the lines of signals: their order is not fixed.
+// The record of a session without the lines of signals, whose order varies.
 std::string RecordOf(const std::string& words)
 {
     const Session session = PlaySession(RowsScenario(), words);
@@ -43,7 +43,7 @@ std::string RecordOf(const std::string& words)
     return Replaced(session.record, "\tSIGNAL_.*\n");
 }
 
-TEST_F(Rows, ChooseEveryRowOfEveryMenu)
+TEST_F(Rows, CoverEveryRowOfEveryMenu)
 {
     const std::string shownAndChosen = R"(={36}\n([^‹]*?) ?99 (?:: )?Exit\n={36}\n(?!tvs)[^‹]*‹(.*)›\n)";
     std::map<std::string, std::set<std::string>> chosen; // by menu
@@ -56,18 +56,19 @@ TEST_F(Rows, ChooseEveryRowOfEveryMenu)
                 ADD_FAILURE() << "tests/unit/rows has no words for the row" << line[0] << "\nof the menu\n" << menu;
 }
 
-// The end of a record from there on, without words, and with menus as their names. Two menus prompt once more for 99.
+// The record from `begin` on, without words and with menus replaced by their names. Two menus prompt for a value after 99,
+// too: that prompt is left out.
 std::string EndOf(const std::string& record, std::size_t begin)
 {
     return FoldMenus(Replaced(record.substr(begin), "‹.*›\n|executing: Exit\n|(Off:0 / On:1 |major> )‹99›\n"));
 }
 
-TEST_F(Rows, EndWithTheInputAsIfTheMenusWereLeft)
+TEST_F(Rows, LeaveTheMenusAtTheEndOfTheInput)
 {
     const std::string menuPrompt = "(^|\n)(cmd| select num)> $",
                       releases = R"(^(TVServiceAPI::Destroy\(I\w+\)\n)*(<\w+>\ncmd> )?$)";
     while (Next()) {
-        std::string left; // what follows when the last menu is left with 99
+        std::string left; // the record after 99 in the last menu
         for (std::size_t end = 0; end != std::string::npos; end = row.find(' ', end + 1)) {
             const std::string words = row.substr(0, end);
             const std::string record = RecordOf(words);
@@ -78,7 +79,7 @@ TEST_F(Rows, EndWithTheInputAsIfTheMenusWereLeft)
                 EXPECT_EQ(after, left) << words;
             } else if (before.rfind("tvs> ") == before.size() - 5) {
                 EXPECT_EQ(after, kStop);
-            } else { // at a prompt for a value: no further prompt, no call but releases, then the menu is left
+            } else { // at a prompt for a value: no further prompt, only releases are called, then the menu ends
                 const std::size_t size = std::max(after.size(), left.size()) - left.size();
                 EXPECT_EQ(after.substr(size), left) << words;
                 EXPECT_EQ(Replaced(after.substr(0, size), releases), "") << words << "\n" << after;
@@ -95,11 +96,12 @@ std::vector<host::Fault> FaultsOf(host::Op operation)
     return faults;
 }
 
-// Empty if each exception is reported in a line, after nothing but releases and signals.
+// Returns what is wrong, or an empty text: each exception must be reported on a line, after only releases and signals.
 std::string ExceptionProblems(const std::string& record, host::Op operation)
 {
     const auto thrown = Matches(record, kThrown).size(), reported = Matches(record, kReported).size();
-    const bool isRelease = operation == host::Op::TVServiceAPI_Destroy; // its own exception gives way to another one
+    const bool isRelease =
+        operation == host::Op::TVServiceAPI_Destroy; // an exception of a release is dropped during another one
     if (isRelease ? (reported == 0 && thrown > 0) || reported > thrown : reported != thrown)
         return std::to_string(thrown) + " exceptions, " + std::to_string(reported) + " reported";
     const std::size_t first = record.find(kThrown);
@@ -110,7 +112,7 @@ std::string ExceptionProblems(const std::string& record, host::Op operation)
     return (line + "\n").find(kReported) == std::string::npos ? "after an exception: " + line : "";
 }
 
-TEST_F(Rows, ReleaseEverythingWithEveryFault)
+TEST_F(Rows, ReleaseEverythingAfterEveryFault)
 {
     while (Next()) {
         const Session withoutFault = PlaySession(RowsScenario(), row);

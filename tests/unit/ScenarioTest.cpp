@@ -1,4 +1,4 @@
-// What the host platform reads: numbers, plug-ins, and scenarios: every key with its default and bounds, and every error.
+// What the host platform reads: numbers, plug-ins and scenarios (each key with its default and bounds, and each error).
 #include "host/call/Scenario.h"
 #include "debugmenu/DebugMenuUtility.h"
 #include "host/call/Text.h"
@@ -15,7 +15,7 @@
 namespace
 {
 
-// A scenario in a line, with the faults of each call as they are injected. A value that is absent is a dash.
+// Prints a scenario on one line, with the faults of each call. A dash is a missing value.
 std::string Shown(const host::Scenario& s)
 {
     std::ostringstream text;
@@ -62,7 +62,7 @@ std::string Parsed(const std::string& text)
     }
 }
 
-TEST(Host, KnowsNumbers)
+TEST(Host, RecognizesNumbers)
 {
     for (const char* number : {"0", "9", "+5", "-7", "007", "99999999999999999999999"})
         EXPECT_TRUE(TCDebugMenuUtility::IsNumber(number)) << number;
@@ -70,7 +70,7 @@ TEST(Host, KnowsNumbers)
         EXPECT_FALSE(TCDebugMenuUtility::IsNumber(word)) << word;
 }
 
-TEST(Host, LoadsNoPlugInWithAnUnknownSymbol)
+TEST(Host, RejectsAPlugInWithAnUndefinedSymbol)
 {
     unsetenv("DEBUGMENU_SYSROOT");
     testing::internal::CaptureStderr();
@@ -78,20 +78,20 @@ TEST(Host, LoadsNoPlugInWithAnUnknownSymbol)
     EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("undefined symbol: "));
 }
 
-// Each line of the file: the text of a scenario, escaped as in C, and the scenario or the error.
-TEST(Scenario, IsReadOrRejectedToTheLetter)
+// Each line of the file has the text of a scenario, escaped as in C, and the parsed scenario or the error.
+TEST(Scenario, IsParsedOrRejectedAsRecorded)
 {
     std::istringstream cases(ReadFile(RECORD_PATH "/scenarios"));
-    std::string played;
+    std::string results;
     for (std::string line; std::getline(cases, line);) {
         line.resize(line.find(" => "));
         const std::unique_ptr<char, decltype(&g_free)> text(g_strcompress(line.c_str()), g_free);
-        played += line + " => " + Parsed(text.get()) + "\n";
+        results += line + " => " + Parsed(text.get()) + "\n";
     }
-    EXPECT_TRUE(MatchesRecord(RECORD_PATH "/scenarios", played));
+    EXPECT_TRUE(MatchesRecord(RECORD_PATH "/scenarios", results));
 }
 
-TEST(Scenario, IsShownWithEveryKey)
+TEST(Scenario, IsPrintedWithEveryKeyByThisTest)
 {
     std::size_t count = 0;
     const char* const known = R"((?:known:|,) (\w+)(?=,|$))"; // the names that an error lists

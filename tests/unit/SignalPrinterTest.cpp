@@ -1,4 +1,4 @@
-// What is printed of the signals that arrive while a menu has the console.
+// What menus print when signals arrive.
 #include "debugutil/DebugUtil.h"
 #include "host/simulator/Signals.h"
 #include "support/Access.h"
@@ -20,7 +20,7 @@ namespace
 
 std::string NameOf(int type) { return TCDebugUtil::GetStringOfSignalType(static_cast<ESignalType>(type)); }
 
-TEST(SignalNames, AreThoseOfTheTable)
+TEST(SignalNames, MatchTheTable)
 {
     std::map<int, std::string> names;
     std::istringstream table(ReadFile(SIGNALS_PATH));
@@ -33,7 +33,7 @@ TEST(SignalNames, AreThoseOfTheTable)
     EXPECT_EQ(NameOf(INT_MAX), "UNKOWN[2147483647]");
 }
 
-TEST(SignalNames, AreNotDisturbedByAnotherThread)
+TEST(SignalNames, AreKeptForEachThread)
 {
     const char* text = TCDebugUtil::GetStringOfSignalType(static_cast<ESignalType>(200));
     std::thread([] { EXPECT_EQ(NameOf(-1), "UNKOWN[-1]"); }).join();
@@ -50,12 +50,12 @@ void Raise(int type, const host::Pipeline& pipeline = {}, const TSSignalData& da
     host::SignalHub::Instance().Raise(static_cast<ESignalType>(type), pipeline, data);
 }
 
-// Before each word that is typed, signals are raised, and what they print is waited for.
-class Engineer
+// Types words into a menu. Before each word it raises signals and waits until they are printed.
+class SignalSession
 {
 public:
-    Engineer(const std::string& words, host::SignalCallback settled, const std::function<void()>& raise,
-             const std::string& scenario = "")
+    SignalSession(const std::string& words, host::SignalCallback settled, const std::function<void()>& raise,
+                  const std::string& scenario = "")
         : m_scope(host::ParseScenario("(test)", scenario)), m_settled(settled)
     {
         testing::internal::CaptureStderr();
@@ -69,9 +69,9 @@ public:
                 std::this_thread::yield();
         };
     }
-    ~Engineer() { host::SignalHub::Instance().Unsubscribe(m_settled); }
+    ~SignalSession() { host::SignalHub::Instance().Unsubscribe(m_settled); }
 
-    // The errors of the callbacks, the signals, and where their menu was left.
+    // Returns the errors of the callbacks, the printed signals and the ends of the subscriptions.
     std::string Printed()
     {
         std::string printed = testing::internal::GetCapturedStderr();
@@ -86,9 +86,9 @@ private:
     host::SignalCallback m_settled;
 };
 
-TEST(SignalPrinters, OfTheTVSMenuNameTheSignals)
+TEST(SignalPrinters, OfTheTVSMenuPrintNames)
 {
-    Engineer engineer("4 4 5 99", Settled<TSSignalData, void*>, [] {
+    SignalSession session("4 4 5 99", Settled<TSSignalData, void*>, [] {
         for (int type = 58; type < 68; ++type)
             Raise(type);
     });
@@ -97,13 +97,13 @@ TEST(SignalPrinters, OfTheTVSMenuNameTheSignals)
     std::string expected;
     for (const int type : {59, 60, 61, 62, 63, 66, 59, 60, 61, 62, 63, 66, 200})
         expected += "[DebugUtil] SignalReceivedCallback - signal:" + NameOf(type) + "\n";
-    EXPECT_EQ(engineer.Printed(), expected);
+    EXPECT_EQ(session.Printed(), expected);
 }
 
-// What arrives, and how it is printed.
+// Pipelines and data of signals, and the texts that are printed for them.
 struct Signals {
     host::Pipeline pipeline;
-    std::uint64_t data; // the first eight bytes, the last one first
+    std::uint64_t data; // the first eight bytes as a little-endian number
     const char *pipelineText, *started, *completed, *success;
 };
 
@@ -115,7 +115,7 @@ const Signals kSignals[] = {
     {{PROFILE_MAIN, 0}, 1, "1, screenId: 0, ", "1|0|0", "false", "true"},
 };
 
-TEST(SignalPrinters, OfTheTPMSMenuReadTheData)
+TEST(SignalPrinters, OfTheTPMSMenuPrintTheData)
 {
     TCDebugMenuTPMS menu;
     std::string expected;
@@ -137,8 +137,8 @@ TEST(SignalPrinters, OfTheTPMSMenuReadTheData)
                         "\tSIGNAL_BARKER_CHANNEL_TUNE" + text + "is success:" + success + "\n";
         }
     };
-    Engineer engineer("99 8 99", Settled<EProfile, unsigned short, TSSignalData, void*>, raise,
-                      "[throw]\nIAVControl::RestartVideoDecoder=fault\n");
+    SignalSession session("99 8 99", Settled<EProfile, unsigned short, TSSignalData, void*>, raise,
+                          "[throw]\nIAVControl::RestartVideoDecoder=fault\n");
     for (const bool throws : {false, true, false}) {
         if (throws)
             EXPECT_THROW(menu.Enter(), std::runtime_error);
@@ -149,7 +149,7 @@ TEST(SignalPrinters, OfTheTPMSMenuReadTheData)
         while (g_main_context_iteration(nullptr, FALSE) != FALSE)
             ;
     }
-    EXPECT_EQ(engineer.Printed(), expected);
+    EXPECT_EQ(session.Printed(), expected);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The thread that delivers signals to three-argument callbacks, and what ends meanwhile.
+// The thread that delivers signals to three-argument callbacks, also when a subscription or the process ends meanwhile.
 #include "tvs-api/TVServiceAPI.h"
 
 #include <atomic>
@@ -24,10 +24,10 @@ int OnSignal(ESignalType type, TSSignalData, void*)
     return 0;
 }
 
-int OnSignalForAWhile(ESignalType type, TSSignalData data, void*)
+int OnSignalSlowly(ESignalType type, TSSignalData data, void*)
 {
     OnSignal(type, data, nullptr);
-    std::this_thread::sleep_for(std::chrono::milliseconds(50)); // long enough for an end that does not wait
+    std::this_thread::sleep_for(std::chrono::milliseconds(50)); // an end that does not wait comes within this time
     EXPECT_FALSE(g_ended);
     std::cerr << "delivered " << type << ".";
     return 0;
@@ -41,7 +41,7 @@ void Subscribe(TSignalCallback callback, std::initializer_list<ESignalType> type
         EXPECT_EQ(subscriber->AddSignal(type, 0, 1, 0, 0), 1);
 }
 
-// Raises 59 and then 60, and takes what is delivered once there is that much.
+// Raises signals 59 and 60, waits until `count` signals are delivered, and returns them.
 std::vector<int> RaiseAndTake(std::size_t count)
 {
     ISourceControl* control = nullptr;
@@ -55,9 +55,9 @@ std::vector<int> RaiseAndTake(std::size_t count)
 TEST(Signals, ArriveOnAThreadUntilTheirSubscriptionEnds)
 {
     g_ended = false;
-    Subscribe(OnSignalForAWhile, {SIGNAL_TUNE_START});
+    Subscribe(OnSignalSlowly, {SIGNAL_TUNE_START});
     EXPECT_EQ(RaiseAndTake(1), (std::vector<int>{SIGNAL_TUNE_START}));
-    TVServiceAPI::DestroySignalSubscriber(OnSignalForAWhile); // waits for it
+    TVServiceAPI::DestroySignalSubscriber(OnSignalSlowly); // waits for the callback
     g_ended = true;
     Subscribe(OnSignal, {SIGNAL_TUNE_START, SIGNAL_TUNE_SUCCESS});
     EXPECT_EQ(RaiseAndTake(2), (std::vector<int>{SIGNAL_TUNE_START, SIGNAL_TUNE_SUCCESS}));
@@ -66,9 +66,9 @@ TEST(Signals, ArriveOnAThreadUntilTheirSubscriptionEnds)
 
 TEST(SignalsDeathTest, AreDeliveredBeforeTheProcessEnds)
 {
-    GTEST_FLAG_SET(death_test_style, "threadsafe"); // a program of its own
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // run it in a new process
     const auto raise = [] {
-        Subscribe(OnSignalForAWhile, {SIGNAL_TUNE_START, SIGNAL_TUNE_SUCCESS});
+        Subscribe(OnSignalSlowly, {SIGNAL_TUNE_START, SIGNAL_TUNE_SUCCESS});
         RaiseAndTake(1); // the second one is still in the queue
         std::exit(0);
     };

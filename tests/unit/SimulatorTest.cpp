@@ -1,4 +1,4 @@
-// The simulated TV service: results, outputs, state, signals and trace. Each test has its record in the folder records.
+// The simulated TV service: results, outputs, state, signals and trace. tests/unit/records has a record for each test.
 #include "host/simulator/Signals.h"
 #include "support/ConsoleScope.h"
 #include "support/Recording.h"
@@ -76,15 +76,15 @@ void Deliver()
 
 const TSTvMode kCable(ANTENNA_MODE_CABLE, SERVICE_MODE_DTV);
 
-TEST_F(Simulator, TakesReleasesMessagesAndAssertions)
+TEST_F(Simulator, TracesReleasesMessagesAndAssertions)
 {
     testing::internal::CaptureStderr();
     IReferenceCount* counter = nullptr;
     int count = 0;
     ExpectAll(0, {TVServiceAPI::CreateReferenceCount(PROFILE_MAIN, -1, &counter)});
-    ExpectAll(1, {counter->GetReferenceCount(count), count}); // those of another pipeline do not count
+    ExpectAll(1, {counter->GetReferenceCount(count), count}); // objects of other pipelines do not count
     TVServiceAPI::Destroy(pip.zoom);
-    TVServiceAPI::Destroy(pip.zoom); // released already
+    TVServiceAPI::Destroy(pip.zoom); // it is released already
     TCApiPrintMessage("tag %d has %s", 12, "do\n\\\"d\xC3\xA4ta");
     _TCApiAssert("m_data", "a/b", 72, "why");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "tag 12 has do\n\\\"d\xC3\xA4ta\nASSERT m_data at a/b:72: why\n");
@@ -116,7 +116,7 @@ TEST_F(Simulator, FindsServices)
     IService* service = nullptr;
     IServiceGuide* guide = nullptr;
     ExpectAll(0, {TVServiceAPI::CreateService(&service), TVServiceAPI::CreateServiceGuide(&guide)});
-    TCServiceData first; // each search replaces what the one before found
+    TCServiceData first; // each search replaces the previous result
     for (const auto build : builders) {
         Criteria criteria;
         build(criteria);
@@ -136,7 +136,7 @@ TEST_F(Simulator, FindsServices)
     }
 }
 
-TEST_F(Simulator, RaisesWhatTheTunerReports)
+TEST_F(Simulator, RaisesTheSignalsOfTheTuner)
 {
     ISignalSubscriber *ended = nullptr, *subscriber = nullptr, *again = nullptr;
     IScanControl* scan = nullptr;
@@ -145,8 +145,8 @@ TEST_F(Simulator, RaisesWhatTheTunerReports)
                   TVServiceAPI::CreatePipelineUtility(PROFILE_PIP, -1, &utility),
                   TVServiceAPI::CreateSignalSubscriber(OnSignal, &subscriber),
                   TVServiceAPI::CreateSignalSubscriber(OnSignal, &again)});
-    EXPECT_EQ(subscriber, again);                    // known by its callback
-    TVServiceAPI::DestroySignalSubscriber(OnSignal); // has an injected result: it stays subscribed
+    EXPECT_EQ(subscriber, again);                    // one subscriber per callback
+    TVServiceAPI::DestroySignalSubscriber(OnSignal); // the scenario makes it fail: the callback stays subscribed
     for (const auto type : {59, 60, 61, 81, 193, 194, 195})
         for (ISignalSubscriber* one : {ended, subscriber, again})
             one->AddSignal(static_cast<ESignalType>(type), 0, 1, 0, 0);
@@ -176,7 +176,7 @@ TEST_F(Simulator, RaisesWhatTheTunerReports)
     ExpectAll(1, {source->SetSource(SOURCE_TV, "")});
     host::SignalHub::Instance().Unsubscribe(OnSignal);
     Deliver();                                              // nobody is subscribed
-    TVServiceAPI::CreateSignalSubscriber(OnSignal, &again); // without the types added before
+    TVServiceAPI::CreateSignalSubscriber(OnSignal, &again); // the signals added before are gone
     ExpectAll(1, {source->SetSource(SOURCE_TV, "")});
     Deliver();
     host::SignalHub::Instance().Unsubscribe(OnSignal);

@@ -1,4 +1,4 @@
-A scenario or trace that cannot be used. Nobody reads or writes the pipe; the trace does not empty the scenario.
+A scenario or trace that cannot be used is an error. A pipe without a reader or writer does not block the tool. The trace does not overwrite the scenario.
 
   $ mkfifo pipe
   $ TVS_SCENARIO=$'/a\nb' DebugUtil
@@ -31,7 +31,7 @@ A scenario or trace that cannot be used. Nobody reads or writes the pipe; the tr
   $ cat same
   [tv]
 
-The trace is a file, standard error or nothing; it ends when it cannot be written.
+The trace goes to a file, to standard error or nowhere. Tracing ends when the file cannot be written.
 
   $ printf '[throw]\nIPipelineUtility::GetPIDSetStatus=two\\nlines\nTVServiceAPI::Destroy=late\n' >scenario
   $ echo 5 15 99 99 | TVS_SCENARIO=scenario TVS_TRACE=- DebugUtil >/dev/null
@@ -45,7 +45,7 @@ The trace is a file, standard error or nothing; it ends when it cannot be writte
   trace /dev/full: No space left on device
   TVS Debug: two lines
 
-Values other than the defaults; SetTvMode is remembered; a window id of -1 is sent, and 0 where the key is missing.
+Values other than the defaults. SetTvMode changes the result of GetTvMode. A window id of -1 is passed on; without the key it is 0.
 
   $ printf '[tv]\nantenna_mode=1\nservice_mode=1\nzoom_available=false\n[vconf]\ndb/tv-viewer/window_id=-1\n[service]\n1=2\n3=2\n12=9\n13=5\n23=1\n25=0\n' >scenario
   $ calls() { TVS_SCENARIO=scenario TVS_TRACE=- DebugUtil 2>&1 >/dev/null | grep -E 'TvMode|vconf|Video|Zoom.*\(\)'; }
@@ -65,12 +65,12 @@ Values other than the defaults; SetTvMode is remembered; a window id of -1 is se
   IVideoControl::SetWindowId(0) = 1
   TVServiceAPI::Destroy(IVideoControl)
 
-A pipe that is read late gets all of it.
+A trace to a pipe is complete, even if the pipe is read late.
 
   $ exec 4<>pipe; for i in {1..1000}; do echo 5 15 99; done | TVS_TRACE=pipe DebugUtil >/dev/null & sleep 0.3; timeout 30 head -n 3000 <&4 | tail -n 1
   TVServiceAPI::Destroy(IPipelineUtility)
 
-The tool exports what plug-ins call, the libraries what their headers declare.
+The tool exports only the functions that plug-ins call. Each library exports only the functions that its headers declare.
 
   $ nm -DC --defined-only --format=posix $TOOL | sed 's/ [A-Z] .*//' | sort -u
   TCDebugMenuTPMS::Enter()

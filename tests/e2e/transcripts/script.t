@@ -1,10 +1,10 @@
-Checked scripts: a script, a shell that plays the tool, and what debugutil-script says of them.
+Checked scripts: debugutil-script plays a script with a shell command in place of the tool.
 
   $ plays() { printf "$1" >s; debugutil-script -t ${T:-10} s sh -c "$2"; echo $?; }
-  $ says() { for i in {1..1000}; do grep -qs "$2" $1 && return; sleep 0.01; done; echo "$1 does not say $2"; }
+  $ wait_for() { for i in {1..1000}; do grep -qs "$2" $1 && return; sleep 0.01; done; echo "$1 does not contain $2"; }
   $ prompt='printf "cmd> "; read w && echo "got $w";'
 
-Comments, empty lines, CR LF and a byte-order mark are skipped; blanks are not; the last line may lack its end.
+Comments, empty lines, CR LF and a byte-order mark are skipped. Blanks are not skipped. The last line needs no line end.
 
   $ plays '\357\273\277# c\r\n\r\ncmd> 5\r\ngot 5' "$prompt"
   0
@@ -15,7 +15,7 @@ Comments, empty lines, CR LF and a byte-order mark are skipped; blanks are not; 
   $ plays '\357\277\275a\n' 'printf "\377a\r\n"'
   0
 
-Patterns match whole lines; a line may be the pattern itself.
+A pattern matches a whole line. It also matches a line that is equal to it.
 
   $ matches() { printf '%s\n' "$1" >s; printf '%s\n' "$2" >printed; debugutil-script s cat printed 2>/dev/null; echo "$? $1"; }
   $ for line in 'a.*c (re)' 'ab+ (re)' '(x|abc) (re)' 'x|abcd (re)' 'a*c (glob)' 'ab? (glob)' '*b* (glob)' 'a\*c (glob)' '? (glob)' 'abc* (glob)' 'b* (glob)' '(?x)abc (re)'; do matches "$line" abc; done
@@ -39,7 +39,7 @@ Patterns match whole lines; a line may be the pattern itself.
   $ matches '(a|aa)+c|a* (re)' aaaaaaaaaaaaaaaaaaaaaaaaaaaaa # too many steps
   1 (a|aa)+c|a* (re)
 
-One line after the other; what is printed between them is passed over, and none counts twice.
+The lines are matched in order. Other printed lines are skipped, and a printed line matches only once.
 
   $ plays 'a\nc\n' 'echo a; echo b; echo c'
   0
@@ -48,7 +48,7 @@ One line after the other; what is printed between them is passed over, and none 
   s:2: expected a
   s:2: expected d
 
-A word goes to its own prompt: not to another, not to a piece of it, and not two at once.
+A word is typed at its own prompt only: not at another one, not at a part of the prompt, and only one per prompt.
 
   $ plays 'Input ? >13\ngot 13\n' 'printf "Input ? "; sleep 0.2; printf ">"; read w; echo "got $w"'
   0
@@ -70,7 +70,7 @@ A word goes to its own prompt: not to another, not to a piece of it, and not two
   end
   1
 
-A signal that comes late is awaited, and the prompt goes on standing; one in the middle of a line does not part it.
+The script waits for a late signal while the prompt stays. A signal in the middle of a line does not split the line.
 
   $ plays 'cmd> 1\nlate\ncmd> 99\ngot 99\n' "$prompt printf 'cmd> '; sleep 0.2; echo late; read w; echo got \$w"
   0
@@ -84,7 +84,7 @@ A signal that comes late is awaited, and the prompt goes on standing; one in the
   $ plays 'failed for major=5\ncmd> 99\ngot 99\n' "printf failed; sleep 0.1; echo ' for major=5'; $prompt"
   0
 
-A command that ends before or otherwise, closes its output, hangs, ignores SIGTERM, floods, leaves a child, takes no word.
+A command that ends early or with an error, closes its output, hangs, ignores SIGTERM, prints without end, leaves a child process, or closes its input.
 
   $ plays 'a\nb\n' 'echo a; exit 3'
   s:2: expected b
@@ -122,18 +122,18 @@ A command that ends before or otherwise, closes its output, hangs, ignores SIGTE
   s:1: expected cmd> 5
   s:1: stands instead: the command ended with status 0
 
-A termination signal: the tool leaves in order first.
+On a termination signal the tool ends in order first.
 
   $ printf 'a\nb\n' >s
-  $ for end in HUP TERM; do debugutil-script s sh -c 'echo a; echo x >here; read w || { sleep 0.1; echo left; } >left' & says here .; kill -$end $!; wait $! 2>/dev/null; echo $?; cat left; rm here; done
+  $ for end in HUP TERM; do debugutil-script s sh -c 'echo a; echo x >here; read w || { sleep 0.1; echo left; } >left' & wait_for here .; kill -$end $!; wait $! 2>/dev/null; echo $?; cat left; rm here; done
   129
   left
   143
   left
-  $ mkfifo in; (trap '' HUP; exec debugutil-script s sh -c 'kill -HUP $$; echo a; echo x >here; read w <in; echo b') & says here .; kill -HUP $!; sleep 0.05; echo >in; wait $!; echo $?
+  $ mkfifo in; (trap '' HUP; exec debugutil-script s sh -c 'kill -HUP $$; echo a; echo x >here; read w <in; echo b') & wait_for here .; kill -HUP $!; sleep 0.05; echo >in; wait $!; echo $?
   0
 
-What cannot be played: status 2, and nothing is started.
+A script that cannot be played: the exit status is 2, and the command is not started.
 
   $ plays 'a\n( (re)\n' 'touch started'
   debugutil-script: s:2: * (glob)
@@ -167,7 +167,7 @@ What cannot be played: status 2, and nothing is started.
   Usage:
     debugutil-script [OPTION?] FILE [COMMAND [ARGUMENT...]] (glob)
 
-A line a step for a CI.
+With --tap, one line of output per step.
 
   $ printf 'cmd> 5\na # b\nc\n' >s; debugutil-script --tap -t 0.3 -- s sh -c 'printf "cmd> "; read w; echo "a # b"' 2>/dev/null
   1..4
@@ -176,7 +176,7 @@ A line a step for a CI.
   not ok 3 - c
   [1]
 
-What is recorded is what is seen; it passes when it is played, also where a line looks like a pattern, a comment or a prompt.
+A recording has the printed lines. It passes when it is played, also where a line looks like a pattern, a comment or a prompt.
 
   $ echo >tool 'printf "FindService failed"; sleep 0.1; printf "\n#a\n\n*? (re)\nb\r\r\ncmd> "; read w; printf "major> "; sleep 0.1; echo x; read w; printf "got $w (glob)\n"; exit $EXIT'
   $ { echo 5; sleep 0.4; echo 6 7; } | debugutil-script --record r sh tool | tr '\r' ^; tr '\r' ^ <r; debugutil-script r sh tool; echo $?
@@ -201,7 +201,7 @@ What is recorded is what is seen; it passes when it is played, also where a line
   got 6 (glob)
   1
 
-Signals that come with the lines of a step are comments, later ones are awaited.
+Signals that arrive with the lines of a step are recorded as comments. The script waits for later ones.
 
   $ echo >tool "printf 'cmd> '; read w; printf 'done\n${signal}cmd> ${signal}'; sleep 0.5; printf '$signal'; read w"
   $ { sleep 0.3; echo 5; sleep 1; echo 99; } | debugutil-script --record r sh tool >/dev/null; cat r; debugutil-script r sh tool
@@ -212,7 +212,7 @@ Signals that come with the lines of a step are comments, later ones are awaited.
   	SIGNAL_SI_STARTED -> profile:702 (esc)
   cmd> 99
 
-At the end of the input, or where no prompt comes, the recording ends and passes.
+A recording ends with the input, or with an error when no prompt is printed for a word.
 
   $ echo 5 | debugutil-script --record r DebugUtil >/dev/null; tail -n 2 r; debugutil-script r; echo $?
    99 : Exit
@@ -231,7 +231,7 @@ At a terminal: editing, Ctrl-C, Ctrl-D. (`script` makes the terminal.)
 
   $ mkfifo keys; exec 4<>keys
   $ terminal() { : >screen; TVS_TRACE=trace perl -e '$SIG{INT} = "DEFAULT"; exec @ARGV' script -qefc "debugutil-script --record r DebugUtil" /dev/null <keys >screen & }
-  $ terminal; says screen 'cmd>'; printf '5 7 9\1771\r' >&4; says screen 'Source.0'; sleep 0.1; printf '\003' >&4; wait $!; echo $?; cat trace
+  $ terminal; wait_for screen 'cmd>'; printf '5 7 9\1771\r' >&4; wait_for screen 'Source.0'; sleep 0.1; printf '\003' >&4; wait $!; echo $?; cat trace
   130
   TVServiceAPI::CreateSourceControl(1, 1) = 0
   ISourceControl::GetSource() = 1 0
@@ -240,6 +240,6 @@ At a terminal: editing, Ctrl-C, Ctrl-D. (`script` makes the terminal.)
    99 : Exit
   ====================================
   0
-  $ terminal; says screen 'cmd>'; printf '5\r' >&4; says screen 'Get Source'; sleep 0.1; printf '\004' >&4; wait $!; echo $?; debugutil-script r; echo $?
+  $ terminal; wait_for screen 'cmd>'; printf '5\r' >&4; wait_for screen 'Get Source'; sleep 0.1; printf '\004' >&4; wait $!; echo $?; debugutil-script r; echo $?
   0
   0

@@ -1,4 +1,4 @@
-Words that nobody types; a byte-order mark in front of the first one.
+Very long words, zero bytes, and a byte-order mark before the first word.
 
   $ { printf '9%.0s' {1..100000}; printf ' \0\0\0 2\0\0\0 \377 '; printf 'x%.0s' {1..100000}; } | DebugUtil | grep -aoE 'cmd> |Option.*'
   cmd> 
@@ -30,13 +30,13 @@ A plug-in that is missing.
   DebugUtilMenu
   cmd> 
 
-One without the entry.
+A plug-in without the entry function.
 
   $ mkdir -p root/usr/lib; cp $DEBUGMENU_SYSROOT/usr/lib/libvconf.so root/usr/lib/libht-debugmenu.so
   $ echo 6 | DEBUGMENU_SYSROOT=root DebugUtil 2>&1 >/dev/null
   root/usr/lib/libht-debugmenu.so: undefined symbol: ht_subdebugmenu
 
-Another plug-in calls the platform and uses the console; what it throws is not a std::exception.
+Another plug-in calls the platform, uses the console and throws an exception that is not a std::exception.
 
   $ echo 6 x 2 | DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT TVS_TRACE=trace DebugUtil | grep -E ':|cmd|  ='; cat trace
   cmd> executing: TVS HT Debug
@@ -52,7 +52,7 @@ Another plug-in calls the platform and uses the console; what it throws is not a
   TVS HT Debug: unknown exception
   cmd> executing: TVS HT Debug
 
-The reader of the output exits, the console goes on, also with the streams that a plug-in has changed.
+The session continues when the reader of the output exits, also after a plug-in has changed the streams.
 
   $ { echo 6 x; sleep 0.2; echo 5 6 0 0 99 99; } | DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT TVS_TRACE=trace DebugUtil | grep -q Restart; echo ${PIPESTATUS[1]}; grep Source trace
   console: text was lost: Broken pipe
@@ -61,7 +61,7 @@ The reader of the output exits, the console goes on, also with the streams that 
   ISourceControl::SetSource(0, "") = 1
   TVServiceAPI::Destroy(ISourceControl)
 
-Descriptors that are closed: no socket or file of the platform takes their numbers.
+Closed standard descriptors: no socket or file of the platform gets their numbers.
 
   $ DebugUtil <&- | grep -o cmd
   cmd
@@ -73,13 +73,13 @@ Descriptors that are closed: no socket or file of the platform takes their numbe
   cmd> executing: TVS HT Debug
   cmd> executing: Exit
 
-A signal that was ignored stays so.
+A signal that was ignored at the start stays ignored.
 
   $ wait_for() { for i in {1..1000}; do grep -qs "$2" $1 && return; sleep 0.01; done; echo "$1 does not contain $2"; }
   $ mkfifo in
   $ (trap '' INT HUP; DebugUtil <in >out & exec 3>in; wait_for out cmd; kill -INT $!; kill -HUP $!; echo 99 >&3; wait $!)
 
-Another one withdraws the simulated application.
+Any other termination signal unregisters the simulated applications.
 
   $ TVS_TRACE=ended DebugUtil <in >out & exec 3>in; echo 6 17 1 >&3; wait_for out ret=1; kill $!; exec 3>&-; wait $! 2>/dev/null; echo $?; tail -n 6 ended
   143
@@ -90,7 +90,7 @@ Another one withdraws the simulated application.
   TVServiceAPI::Destroy(IPipelineUtility)
   TVServiceAPI::DestroySignalSubscriber()
 
-No space in a file and then space again, no space for a trace, an input that is non-blocking, for a plug-in too.
+An output file that cannot grow for a while, a trace that cannot grow, and a non-blocking input, also for a plug-in.
 
   $ exec 3<>in
   $ (ulimit -f 4; exec DebugUtil <&3 >>full 2>err) & printf '2 %.0s' {1..13} >&3; wait_for err .; : >full; echo 5 15 99 99 >&3; wait $!; cat err; grep -c 'GetPIDSetStatus.0' full
@@ -106,7 +106,7 @@ No space in a file and then space again, no space for a trace, an input that is 
   $ mix; echo 6 >&3; DEBUGMENU_SYSROOT=$PLUG_IN_SYSROOT DebugUtil <&3 >plugged & wait_for plugged Restart; echo 2 3 99 >&3; wait $!; grep -o 'executing: TV P.*' plugged
   executing: TV Plug in
 
-No space for standard error, and then space again.
+Standard error that cannot grow for a while.
 
   $ printf '[throw]\nIPipelineUtility::GetPIDSetStatus#1=%01100d\nIPipelineUtility::GetPIDSetStatus#2=short\n' 0 >scenario
   $ (ulimit -f 1; TVS_SCENARIO=scenario exec DebugUtil <&3 >/dev/null 2>>err2) & echo 5 15 >&3; wait_for err2 000; : >err2; echo 5 15 99 >&3; wait $!; cat err2
