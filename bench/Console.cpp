@@ -1,4 +1,5 @@
-// Start to first prompt, and passes through the top-level menu, each compared with a program that does nothing else.
+// The time from the start to the first prompt, and the time per pass of the top-level menu. Each is compared with a
+// program that does nothing else.
 #include <array>
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -90,7 +91,7 @@ void MenuPasses(benchmark::State& state, const std::vector<std::string>& command
     unlink(path);
 }
 
-// The tool's own menu: what it prints between its first line and its first prompt.
+// Returns what the tool prints between its first line and its first prompt.
 std::string TopLevelMenu()
 {
     const std::string command = std::string(TOOL_PATH) + " </dev/null";

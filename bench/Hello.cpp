@@ -1,5 +1,5 @@
-// The least that a program on the tool's libraries can do: a prompt, or with a number and texts, the texts that often,
-// each flushed as the tool does it.
+// The baseline of the console benchmarks, linked to the same libraries as the tool. Prints a prompt; with a number N and
+// texts, prints the texts N times and flushes each one, as the tool does.
 #include "debugmenu/DebugMenuUtility.h"
 #include "tvs-api/Query.h"
 #include "vconf/vconf.h"
@@ -13,7 +13,7 @@
 int main(int argc, char** argv)
 {
     if (argc == 1) {
-        // Each library is used, so that none is left out.
+        // Uses each library, so that the linker keeps it.
         TCCriteriaHelper().Fetch(1);
         int value = 0;
         std::cout << "cmd> " << std::flush;

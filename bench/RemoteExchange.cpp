@@ -1,4 +1,4 @@
-// One remote exchange of the debug menu with the embedded service, beside a bare sd-bus exchange of the same payload.
+// One remote call of the debug menu to the embedded service, compared with a plain sd-bus call with the same payload.
 #include "debugutil/DebugPrintControlProxy.h"
 
 #include <benchmark/benchmark.h>
@@ -31,7 +31,7 @@ void Remote(benchmark::State& state)
 }
 BENCHMARK(Remote)->UseRealTime();
 
-// Answers as the service does, from a text made beforehand.
+// Replies like the service, with a prepared text.
 int Answer(sd_bus_message* call, void* data, sd_bus_error*)
 {
     const auto& screen = *static_cast<std::string*>(data);
@@ -128,7 +128,7 @@ void BareSdBus(benchmark::State& state)
     for (auto _ : state)
         Exchange(client, received);
     if (received != screen)
-        state.SkipWithError("another payload");
+        state.SkipWithError("the two replies differ");
     sd_bus_close_unref(client);
     service.join();
 }

@@ -1,5 +1,5 @@
-// The guide listing of the TPMS menu (command 18, row 1) over scenarios of growing size, in the real tool. The time per
-// service must stay where it is as the list grows, and so must the memory of the tool from one listing to the next.
+// The guide listing of the TPMS menu (command 18, row 1) in the real tool, with more and more services. The time per
+// service must not grow with their number, and the tool's memory must not grow from one listing to the next.
 #include "support/Tool.h"
 
 #include <benchmark/benchmark.h>

@@ -1,17 +1,17 @@
-# What is installed: component `tool` is what ships on a TV set, `platform` the simulated TV service of the workstation,
-# `dev` the headers, `lab` what scripts and labs of TV sets start from.
+# Installation. Component `tool` ships on a TV set, `platform` is the workstation's simulated TV service, `dev` has the
+# headers, `lab` has debugutil-script and examples for scripts and labs.
 include(GNUInstallDirs)
 find_program(GZIP gzip REQUIRED NO_CMAKE_FIND_ROOT_PATH)
 
-# place(COMPONENT FOLDER ARGUMENTS...): install(ARGUMENTS...) into that folder. CMake itself would give a missing folder the
-# mode that the umask leaves.
+# place(COMPONENT FOLDER ARGUMENTS...): install(ARGUMENTS...) into that folder. Makes a missing folder with mode 755; CMake
+# would apply the umask.
 function(place component folder)
     install(CODE "execute_process(COMMAND sh -c [[umask 022 && exec mkdir -p \"$0\"]]
         \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${folder}\" COMMAND_ERROR_IS_FATAL ANY)" COMPONENT ${component})
     install(${ARGN} DESTINATION ${folder} COMPONENT ${component})
 endfunction()
 
-# manual(COMPONENT PAGE): man/PAGE.in with the version filled in, compressed as Debian has it.
+# manual(COMPONENT PAGE): installs man/PAGE.in with the version filled in, compressed as Debian requires.
 function(manual component page)
     string(REGEX MATCH "[0-9]$" section ${page})
     set(made ${PROJECT_BINARY_DIR}/man/${page})
@@ -35,7 +35,7 @@ set(dbus platform/host/messaging/dbus)
 place(platform ${CMAKE_INSTALL_DATADIR}/dbus-1/interfaces FILES ${dbus}/com.kavrin.IDebugPrintControl.xml)
 place(platform ${CMAKE_INSTALL_DATADIR}/dbus-1/system.d FILES ${dbus}/com.kavrin.TVService.conf)
 
-# place_with_path(FOLDER FILE): a file with the path of tvserviced, which is only known when it is installed.
+# place_with_path(FOLDER FILE): installs a file with the path of tvserviced, which is only known at installation.
 function(place_with_path folder file)
     set(made ${PROJECT_BINARY_DIR}/with-path/${file})
     install(CODE "
@@ -69,12 +69,12 @@ place(lab ${examples}/lab FILES examples/lab/set-source.script examples/lab/set-
 place(lab ${examples}/plug-in FILES examples/plug-in/README.md examples/plug-in/SourcePlugIn.cpp)
 place(lab ${examples} FILES platform/host/call/BuiltIn.scenario)
 
-# Installed programs keep no RUNPATH of the build tree, in which a link makes the same RUNPATH find the libraries; under
-# /usr they have none. (CMake would change it on installation, but then the build's one ends with an empty entry, which
-# means the current folder.)
+# Programs have a relative RUNPATH, which is the same in the build tree (through a link) and after installation. Under /usr
+# it is removed. (CMake could change the RUNPATH at installation, but then that of the build tree ends with an empty
+# entry, which means the current folder.)
 file(RELATIVE_PATH libraries_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
 set(link ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR})
-file(REMOVE_RECURSE ${link}) # with another prefix it may be the folder of a link
+file(REMOVE_RECURSE ${link}) # with another prefix it may be a folder
 cmake_path(GET link PARENT_PATH folder)
 file(MAKE_DIRECTORY ${folder})
 file(CREATE_LINK ${PROJECT_BINARY_DIR}/sysroot/usr/lib ${link} SYMBOLIC)

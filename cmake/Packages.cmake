@@ -1,5 +1,5 @@
-# `cpack -G DEB`: a package for each component, and one with the debugging symbols. Their date is that of CHANGELOG, so
-# that they are the same bytes whenever and wherever they are made.
+# `cpack -G DEB` makes a package for each component, and one with the debugging symbols. Their date is that of CHANGELOG,
+# so that the packages are reproducible.
 file(STRINGS CHANGELOG released LIMIT_COUNT 1)
 if(NOT released MATCHES "^debugutil \\(${PROJECT_VERSION}\\)")
     message(FATAL_ERROR "CHANGELOG does not begin with version ${PROJECT_VERSION}")
@@ -10,8 +10,8 @@ execute_process(COMMAND date -u -d "${CMAKE_MATCH_2}" +%s
     OUTPUT_VARIABLE epoch OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/CPackDate.cmake @ONLY CONTENT "set(ENV{SOURCE_DATE_EPOCH} @epoch@)\n")
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/CPackDate.cmake)
-# CPack's own folders and archive members have the modes that the umask leaves, and CMake cannot set the umask. Under
-# another one than the usual one the packages are therefore made once more.
+# CPack applies the umask to its folders and archive members, and CMake cannot set the umask. With a umask other than 022,
+# cpack is therefore run again.
 file(WRITE ${PROJECT_BINARY_DIR}/CPackUmask.cmake [[
 execute_process(COMMAND sh -c "[ $(umask) = 0022 ] || { umask 022 && exec \"$@\"; }" sh
     ${CMAKE_CPACK_COMMAND} -G ${CPACK_GENERATOR} -B ${CPACK_PACKAGE_DIRECTORY} COMMAND_ERROR_IS_FATAL ANY)
@@ -29,7 +29,7 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/sysroot/usr/lib)
-set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON) # on the same version
+set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON) # of the same version
 set(CPACK_COMPONENT_TOOL_DEPENDS platform)
 set(CPACK_COMPONENT_DEV_DEPENDS platform)
 set(CPACK_COMPONENT_LAB_DEPENDS tool)
@@ -69,7 +69,7 @@ set(CPACK_DEBIAN_DBGSYM_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_COMPONENT_DBGSYM_DESCRIPTION "debugging symbols of the TV service's debug console
 With them gdb reads cores of the programs of debugutil and debugutil-platform.")
 
-# The symbols lie where gdb looks: by build ID. (CPack's own packages of symbols name the build folder.)
+# gdb finds the symbols by build ID. (CPack's own symbol packages contain the path of the build folder.)
 foreach(target DebugUtil tvserviced ht-debugmenu tvs-api debugmenu-utility vconf tvs-host)
     install(CODE "
         execute_process(COMMAND ${CMAKE_READELF} -n $<TARGET_FILE:${target}> OUTPUT_VARIABLE notes)

@@ -1,6 +1,6 @@
-# The SDK of a TV set as the platform. Under its root folder it provides the headers of platform/include in usr/include,
-# spelled alike, and the libraries below in one of the usual folders. They are searched for in each configuration and only
-# there, whatever a toolchain file says about other searches: parts of two SDKs must not be mixed.
+# The SDK of a TV set as the platform. Its root folder has the headers of platform/include in usr/include, with the same
+# names, and the libraries below in one of the usual folders. Each configuration searches for them again, and only there,
+# even if a toolchain file restricts searches to another root: parts of two SDKs must not be mixed.
 set(root ${DEBUGUTIL_PLATFORM})
 if(NOT root)
     message(FATAL_ERROR "A build for a TV set needs its SDK: -DDEBUGUTIL_PLATFORM=/path/to/sdk")
@@ -34,7 +34,7 @@ foreach(name tvs-api debugmenu-utility vconf)
     endif()
     target_link_libraries(platform INTERFACE ${found})
 endforeach()
-# The SDK's libraries may need further libraries of their own. On the TV set the loader finds all of them.
+# The SDK's libraries may depend on further libraries of the SDK. On the TV set the loader finds all of them.
 list(TRANSFORM folders PREPEND LINKER:-rpath-link, OUTPUT_VARIABLE links)
 target_link_options(platform INTERFACE ${links})
 set(CMAKE_SKIP_BUILD_RPATH ON)

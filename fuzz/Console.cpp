@@ -1,5 +1,5 @@
-// A console session. The first line of an input holds faults, parted by blanks: NAME=throw, NAME=object or NAME=NUMBER,
-// with NAME#N for the Nth call only. The rest is typed. An input with another fault is not valid.
+// A console session. The first line of an input has faults, separated by blanks: NAME=throw, NAME=object or NAME=NUMBER,
+// with NAME#N for the Nth call only. The other lines are typed. An input with any other fault is invalid.
 #include "support/Session.h"
 
 #include <algorithm>

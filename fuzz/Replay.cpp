@@ -1,4 +1,4 @@
-// Instead of the fuzzer: plays each file of the folders once.
+// Replaces the fuzzer: runs the target once on each file of the folders.
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
@@ -16,7 +16,7 @@ int main(int count, char** folders)
             std::ifstream file(entry.path(), std::ios::binary);
             const std::vector<char> bytes(std::istreambuf_iterator<char>(file), {});
             if (LLVMFuzzerTestOneInput(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()) != 0) {
-                std::cerr << "the seed is not valid\n";
+                std::cerr << "this seed is invalid\n";
                 return 1;
             }
         }

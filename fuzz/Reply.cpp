@@ -1,6 +1,6 @@
-// A reply as the connection receives it. The first letter of an input is what is expected after a number of each width:
-// a text (T) or a list of menu items (L). After a blank comes the reply as a tree, with one argument too many if it ends
-// in +, or its bytes after a !.
+// Replies that the tool receives. Each reply should have a number of each width, then a text or a list of menu items. The
+// first letter of an input selects that: T or L. After a blank follows the reply as a tree, with a + at its end if it has
+// one argument too many, or a ! and the bytes of the reply.
 #include "debugutil/DebugPrintControlProxy.h"
 #include "host/messaging/MessageCodec.h"
 #include "support/Trees.h"
@@ -18,22 +18,22 @@
 namespace
 {
 
-std::string g_answer;              // to the next call; set before it
-std::atomic<bool> g_closed{false}; // the connection that bytes were sent on
+std::string g_reply;               // the reply to the next call
+std::atomic<bool> g_closed{false}; // whether the connection was closed after bytes were sent
 
 int Answer(sd_bus_message* call, void*, sd_bus_error*)
 {
     if (sd_bus_message_is_method_call(call, nullptr, "Hello") > 0)
         return sd_bus_reply_method_return(call, "s", ":1.1");
-    if (g_answer[0] == '!') {
+    if (g_reply[0] == '!') {
         std::uint64_t cookie = 0;
         host::Checked(sd_bus_message_get_cookie(call, &cookie));
-        std::string bytes = g_answer.substr(1);
+        std::string bytes = g_reply.substr(1);
         if (bytes.size() >= 24)
             std::memcpy(&bytes[20], LowerBytes(cookie, 4), 4);
         sd_bus* const bus = sd_bus_message_get_bus(call);
         (void)!write(sd_bus_get_fd(bus), bytes.data(), bytes.size());
-        sd_bus_close(bus); // half a message must not keep the caller waiting
+        sd_bus_close(bus); // the caller must not wait for the rest of half a message
         g_closed = true;
         return 1;
     }
@@ -41,16 +41,16 @@ int Answer(sd_bus_message* call, void*, sd_bus_error*)
     host::Checked(sd_bus_message_new_method_return(call, &made));
     const host::BusMessage reply(made);
     try {
-        host::AppendValues(made, Branch(std::istringstream(g_answer)).GetChildren());
-    } catch (const std::system_error&) { // too deep for any message
+        host::AppendValues(made, Branch(std::istringstream(g_reply)).GetChildren());
+    } catch (const std::system_error&) { // the tree is too deep for a message
         return sd_bus_reply_method_errno(call, EINVAL, nullptr);
     }
-    if (g_answer.back() == '+')
+    if (g_reply.back() == '+')
         host::Checked(sd_bus_message_append(made, "u", 1));
     return sd_bus_send(nullptr, made, nullptr);
 }
 
-// The bus of one client after the other, with the TV service on it.
+// Simulates a bus with the TV service, for one client at a time.
 [[noreturn]] void Serve(int listener)
 {
     for (;;) {
@@ -91,13 +91,13 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (size < 3)
         return 0;
     const bool list = data[0] == 'L', raw = data[2] == '!';
-    g_answer.assign(data + 2, data + size);
+    g_reply.assign(data + 2, data + size);
     g_closed = false;
-    TCTreeBranch reply = raw ? TCTreeBranch() : Branch(std::istringstream(g_answer));
-    NumberTags(reply);
-    const bool valid = Fit(reply.GetChildren(), list ? "yqutL" : "yqutT") && g_answer.back() != '+';
+    TCTreeBranch sent = raw ? TCTreeBranch() : Branch(std::istringstream(g_reply));
+    NumberTags(sent);
+    const bool valid = Fit(sent.GetChildren(), list ? "yqutL" : "yqutT") && g_reply.back() != '+';
     if (valid && list)
-        NormaliseFlags(reply.GetChildren().back());
+        NormaliseFlags(sent.GetChildren().back());
 
     std::uint64_t numbers[] = {1, 2, 3, 4}; // of 1, 2, 4 and 8 bytes
     std::string text;
@@ -106,22 +106,22 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     TCMarshalableMenuItems itemList(&items, std::make_unique<TCMarshalableNodeCreator>());
     TIMarshalable* const object = list ? static_cast<TIMarshalable*>(&itemList) : &string;
     TCMarshallingHelperProxy call;
-    TCTreeBranch held;
+    TCTreeBranch received;
     for (int i = 0; i < 4; ++i)
         call.PushValue(MARSHALLING_REPLY, 1 << i, LowerBytes(numbers[i], 1U << i));
     call.PushMarshalableClass(MARSHALLING_REPLY, object);
-    const bool taken = call.Run(connection, interfaceName, "Start", DEBUG_PRINT_START, false);
+    const bool accepted = call.Run(connection, interfaceName, "Start", DEBUG_PRINT_START, false);
     while (raw && !g_closed)
         std::this_thread::yield();
     for (int i = 0; i < 4; ++i)
-        held.AppendChild(
+        received.AppendChild(
             *DefaultNodeCreator().CreateNode(LowerBytes(numbers[i], 1U << i), 1U << i, static_cast<short>(i), 1));
-    held.AppendChild(*TCMarshalableNodeCreator().CreateNode(object, sizeof *object, 4, 1));
-    assert(raw || taken == valid);
-    assert(raw || !taken || Show(held) == Show(reply));
-    assert(taken || (Show(held).rfind("0:y1 1:q2 2:u3 3:t4 4:", 0) == 0 && text.empty()));
+    received.AppendChild(*TCMarshalableNodeCreator().CreateNode(object, sizeof *object, 4, 1));
+    assert(raw || accepted == valid);
+    assert(raw || !accepted || Show(received) == Show(sent));
+    assert(accepted || (Show(received).rfind("0:y1 1:q2 2:u3 3:t4 4:", 0) == 0 && text.empty()));
 
-    g_answer = "0:u1 0:u7";
+    g_reply = "0:u1 0:u7";
     std::int32_t value = 0;
     const std::int32_t next = proxy.Check(value);
     assert(next == 1 && value == 7);

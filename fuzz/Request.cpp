@@ -1,5 +1,4 @@
-// The bytes of a request as the service receives them. An input is a call as Ask takes it, or behind a ! the bytes that
-// are sent.
+// Requests that the service receives. An input is a call as text, as in CallService, or a ! and the bytes that are sent.
 #include "host/messaging/EmbeddedService.h"
 #include "support/CallService.h"
 #include "support/Trees.h"
@@ -15,13 +14,13 @@
 namespace
 {
 
-// What each method takes and answers.
+// The shapes of each method's arguments and of its reply.
 constexpr const char* kShapes[][2] = {{"", "uT"}, {"T", "uT"}, {"", "u"}, {"", "uu"},  {"", "uL"}, {"L", "u"},
                                       {"I", "u"}, {"y", "u"},  {"", "y"}, {"uy", "u"}, {"u", "y"}};
 static_assert(std::size(kShapes) == std::size(kDebugPrintMethodNames));
 
-// What a valid client sees of the service.
-std::string Look(const host::Bus& client)
+// The state of the service, as a client reads it.
+std::string StateOf(const host::Bus& client)
 {
     return CallService(client, "Start 0") + CallService(client, "GetMenuItems 4");
 }
@@ -40,37 +39,37 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 {
     static host::EmbeddedService service;
     static host::Bus client = service.Connect();
-    static std::string seen = Look(client);
-    std::string said(data, data + size);
-    if (said[0] == '!') {
-        Send(client, said.substr(1));
+    static std::string state = StateOf(client);
+    std::string call(data, data + size);
+    if (call[0] == '!') {
+        Send(client, call.substr(1));
         client = service.Connect();
-        seen = Look(client);
-        said = "Check 3";
+        state = StateOf(client);
+        call = "Check 3";
     }
-    std::istringstream words(said);
-    std::string method, answer;
+    std::istringstream words(call);
+    std::string method, reply;
     std::int16_t number = -1;
     words >> method >> number;
     TCTreeBranch request = Branch(std::move(words));
     NumberTags(request);
     try {
-        answer = CallService(client, said);
+        reply = CallService(client, call);
     } catch (const std::system_error&) {
-        return 0; // there is no such message
+        return 0; // the call cannot be written as a message
     }
-    const bool taken = answer.rfind("0:", 0) == 0;
+    const bool accepted = reply.rfind("0:", 0) == 0;
     const bool known = number >= 0 && number < int{std::size(kShapes)} &&
                        method.c_str() == std::string(kDebugPrintMethodNames[number]);
-    assert(taken == (known && Fit(request.GetChildren(), kShapes[number][0])));
-    assert(!taken || Fit(Branch(std::istringstream(answer)).GetChildren(), kShapes[number][1]));
-    const std::string before = std::exchange(seen, Look(client));
-    if (!taken || *kShapes[number][0] == '\0')
-        assert(seen == before);
+    assert(accepted == (known && Fit(request.GetChildren(), kShapes[number][0])));
+    assert(!accepted || Fit(Branch(std::istringstream(reply)).GetChildren(), kShapes[number][1]));
+    const std::string before = std::exchange(state, StateOf(client));
+    if (!accepted || *kShapes[number][0] == '\0')
+        assert(state == before);
     else if (number == DEBUG_PRINT_SET_MENU_ITEMS) {
         NormaliseFlags(request.GetChildren()[0]);
         const std::string items = Show(request).substr(1);
-        assert(seen.substr(seen.size() - items.size()) == items);
+        assert(state.substr(state.size() - items.size()) == items);
     }
     return 0;
 }

@@ -1,4 +1,4 @@
-// Reads any text as a scenario; a session with it must end in order, and an error must be one short line.
+// Parses any text as a scenario. A session with a valid one must end in order; an error must be one short line.
 #include "host/call/Text.h"
 #include "support/Session.h"
 

@@ -1,4 +1,4 @@
-// The text of a checked script, which is also what a console prints.
+// Uses any text as a checked script, and also as the output of a console.
 #include "script/Script.h"
 #include "script/Screen.h"
 
@@ -8,7 +8,7 @@
 namespace
 {
 
-// The lines that a console prints in two pieces, as they are written to a recording.
+// Returns the lines of a recording when the console prints the text in two pieces.
 std::vector<std::string> Recorded(const std::string& text, std::size_t piece)
 {
     script::Screen screen;
@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::string text(data, data + size);
     const auto printed = Recorded(text, size / 2);
     assert(printed == Recorded(text, 0));
-    for (const std::string& line : printed) { // each is awaited by what is recorded for it
+    for (const std::string& line : printed) { // the script line that is recorded for a printed line must match it
         for (const bool likePrompt : {false, true}) {
             const auto awaited = script::ParseScript("(fuzz)", script::LineFor(line, likePrompt) + "\r\n");
             assert(line.empty() || (awaited.size() == 1 && awaited[0].Matches(line)));
@@ -42,8 +42,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
                 script::IsCertain(other + ">", line.Text());
             }
         }
-    } catch (const std::runtime_error& refusal) {
-        assert(std::string(refusal.what()).find('\n') == std::string::npos);
+    } catch (const std::runtime_error& error) {
+        assert(std::string(error.what()).find('\n') == std::string::npos);
     }
     return 0;
 }

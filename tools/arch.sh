@@ -1,5 +1,5 @@
-# Sourced by ./check: the tests on another CPU. Its libraries are unpacked in the build folder and not installed, so that
-# dpkg learns no further architecture and the versions may differ from the installed ones.
+# Sourced by ./check: runs the tests on another CPU. Its libraries are unpacked in the build folder and not installed, so
+# that dpkg needs no further architecture and their versions may differ from the installed ones.
 
 # fetch_root ARCH FOLDER: unpacks the libraries of this Debian release for that CPU.
 fetch_root() {
@@ -23,7 +23,7 @@ unpack_root() {
         tar -x -f "$2.tar" -C "$2" --exclude=./dev --no-same-owner && rm "$2.tar"
 }
 
-# check_arch ARCH: the tests of the default build on that CPU.
+# check_arch ARCH: runs the tests of the default build on that CPU.
 check_arch() {
     local arch=$1 preset status=0 packages presets=("$1")
     case $arch in

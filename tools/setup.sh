@@ -6,7 +6,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build_packages=(g++ cmake ninja-build pkg-config libglib2.0-dev libsystemd-dev)
 check_packages=(libgtest-dev libgmock-dev libbenchmark-dev dbus-daemon systemd python3-cram parallel openssh-client
     mandoc)
-# The tests start an SSH server of their own; under a service manager the package would start another one.
+# The tests start their own SSH server. Where systemd runs, installing the package would start another one.
 [ -d /run/systemd/system ] || check_packages+=(openssh-server)
 clang_packages=()
 # Style check and fuzz targets need clang 14. (With clang 19 the targets build, but libsystemd 257 leaks 64 bytes when a
@@ -20,13 +20,13 @@ fail() {
     exit 1
 }
 
-# help_requested ARGUMENT...: whether the command is only asked for its help.
+# help_requested ARGUMENT...: whether the only argument is --help.
 help_requested() {
     [ "${1-}" = --help ] || return
     [ $# -eq 1 ] || unknown_argument "$2"
 }
 
-# Ends a command with an argument that it does not have.
+# unknown_argument ARGUMENT: prints an error about this argument and exits.
 unknown_argument() {
     echo "${0##*/}: unknown argument '$1'; try $0 --help" >&2
     exit 2
@@ -67,7 +67,7 @@ install_packages() {
         apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
-# build PRESET FOLDER [CMake options] -- TARGET...: brings the targets up to date, with these options for ninja.
+# build PRESET FOLDER [CMake options] -- TARGET...: builds the targets, with ninja_options.
 ninja_options=()
 build() {
     local preset=$1 name=$2 folder=$root/$2 options=() lock

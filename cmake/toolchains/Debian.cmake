@@ -1,5 +1,5 @@
-# Included by the others: Debian's cross compiler, with the libraries of that CPU in the root folder that
-# "./check --arch" makes. Nothing of that CPU is installed on the machine itself.
+# Included by the other toolchain files. Debian's cross compiler, with the libraries in the root folder that
+# "./check --arch" makes. No library of that CPU is installed on the machine itself.
 if(NOT libraries)
     set(libraries ${triplet})
 endif()

@@ -3,6 +3,6 @@ set(CMAKE_SYSTEM_PROCESSOR armv7l)
 set(arch armhf)
 set(triplet arm-linux-gnueabihf)
 set(emulator qemu-arm -L)
-# GCC would report each difference to the calling convention of its version 6.
+# No notes about calling conventions that changed after GCC 6.
 set(CMAKE_CXX_FLAGS_INIT -Wno-psabi)
 include(${CMAKE_CURRENT_LIST_DIR}/Debian.cmake)

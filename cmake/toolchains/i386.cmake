@@ -1,4 +1,4 @@
-# 32-bit programs on a PC: its CPU runs them with the loader and the libraries of the root folder.
+# 32-bit programs on a PC. They run without an emulator, with the loader and the libraries of the root folder.
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(arch i386)
 set(triplet i686-linux-gnu)

@@ -1,10 +1,10 @@
-The first screen gets HDMI1. A dollar begins what is typed into a shell; what that must say stands below it.
-`cram3 set-source.t` plays this file, with DebugUtil on the PATH, and shows what has changed; `cram3 -i` takes it over.
+Switch the main screen to HDMI1. A line with a dollar is a shell command; the expected output follows it.
+`cram3 set-source.t`, with DebugUtil on the PATH, runs this file and shows a diff; `cram3 -i` updates the file.
 
   $ unset TVS_SCENARIO TVS_BUS
   $ export TVS_TRACE=trace
 
-A file of words asks the tool, and the tool the TV service.
+The tool reads its words from a file, and calls the TV service.
 
   $ DebugUtil <"$TESTDIR"/set-source.words >screen
   $ grep 'Source\[' screen
@@ -18,7 +18,7 @@ A file of words asks the tool, and the tool the TV service.
   TVServiceAPI::Destroy(ISourceControl)
   $ mv trace kept
 
-A TV service that refuses: the console does not show it, but the trace differs from the kept one.
+SetSource fails with a result: the console does not show it, but a diff with the kept trace does.
 
   $ printf '[result]\nISourceControl::SetSource=0\n' >refuses
   $ TVS_SCENARIO=refuses DebugUtil <"$TESTDIR"/set-source.words >screen
@@ -28,7 +28,7 @@ A TV service that refuses: the console does not show it, but the trace differs f
   -ISourceControl::GetSource() = 1 13
   +ISourceControl::GetSource() = 1 0
 
-A TV service that throws: the option ends with a line on standard error, and its objects are released.
+SetSource throws an exception: the option ends with an error on standard error, and the object is released.
 
   $ printf '[throw]\nISourceControl::SetSource=no such input\n' >fails
   $ TVS_SCENARIO=fails DebugUtil <"$TESTDIR"/set-source.words >screen

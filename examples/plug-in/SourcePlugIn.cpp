@@ -1,4 +1,4 @@
-// A debug-menu plug-in with a menu of its own: prints the source of the main picture and opens the TPMS test menu.
+// A debug-menu plug-in with a menu of its own: prints the source of the main screen and opens the TPMS test menu.
 #include "debugutil/DebugMenuTPMS.h"
 #include "tvs-api/TVServiceAPI.h"
 
