@@ -20,8 +20,8 @@ The tool reads its words from a file, and calls the TV service.
 
 SetSource fails with a result: the console does not show it, but a diff with the kept trace does.
 
-  $ printf '[result]\nISourceControl::SetSource=0\n' >refuses
-  $ TVS_SCENARIO=refuses DebugUtil <"$TESTDIR"/set-source.words >screen
+  $ printf '[result]\nISourceControl::SetSource=0\n' >fails
+  $ TVS_SCENARIO=fails DebugUtil <"$TESTDIR"/set-source.words >screen
   $ diff -U 0 kept trace | grep '^[-+]I'
   -ISourceControl::SetSource(13, "") = 1
   +ISourceControl::SetSource(13, "") = 0
@@ -30,8 +30,8 @@ SetSource fails with a result: the console does not show it, but a diff with the
 
 SetSource throws an exception: the option ends with an error on standard error, and the object is released.
 
-  $ printf '[throw]\nISourceControl::SetSource=no such input\n' >fails
-  $ TVS_SCENARIO=fails DebugUtil <"$TESTDIR"/set-source.words >screen
+  $ printf '[throw]\nISourceControl::SetSource=no such input\n' >throws
+  $ TVS_SCENARIO=throws DebugUtil <"$TESTDIR"/set-source.words >screen
   TVS Debug: no such input
   $ grep -A 1 ' ! ' trace
   ISourceControl::SetSource(13, "") ! no such input

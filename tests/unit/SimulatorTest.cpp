@@ -175,7 +175,7 @@ TEST_F(Simulator, RaisesTheSignalsOfTheTuner)
     }
     ExpectAll(1, {source->SetSource(SOURCE_TV, "")});
     host::SignalHub::Instance().Unsubscribe(OnSignal);
-    Deliver();                                              // nobody is subscribed
+    Deliver();                                              // no subscriber is left
     TVServiceAPI::CreateSignalSubscriber(OnSignal, &again); // the signals added before are gone
     ExpectAll(1, {source->SetSource(SOURCE_TV, "")});
     Deliver();
