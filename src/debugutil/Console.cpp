@@ -23,7 +23,7 @@ namespace
 constexpr std::size_t kMaxWord = 1 << 20;
 constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 
-// Past the state of the stream: a plug-in may have left it failed or throwing, and other threads write, too.
+// Writes to the buffer, not the stream: a plug-in may have left the stream failed or throwing, and other threads write.
 bool Put(const std::ostream& stream, const std::string& text)
 {
     std::streambuf* const buffer = stream.rdbuf();
@@ -31,15 +31,15 @@ bool Put(const std::ostream& stream, const std::string& text)
     return buffer != nullptr && buffer->sputn(text.data(), size) == size && buffer->pubsync() == 0;
 }
 
-// Reports the first loss only; the next text may be written again.
+// Reports only the first loss.
 void ReportLoss(int error)
 {
-    static std::atomic<bool> reported{false}; // signal printers write on threads of their own
+    static std::atomic<bool> reported{false}; // signals are printed on other threads
     if (!reported.exchange(true))
         PrintError(std::string("console: text was lost: ") + (error == 0 ? "unknown reason" : std::strerror(error)));
 }
 
-// Makes stdin blocking. False if it is already, or cannot be.
+// Makes stdin blocking. Returns false if it already is, or if that fails.
 bool MakeInputBlock()
 {
     const int flags = fcntl(STDIN_FILENO, F_GETFL);
@@ -50,17 +50,17 @@ bool MakeInputBlock()
 int Peek()
 {
     int next = 0;
-    do { // stdin may be non-blocking, left so by another program: EAGAIN is not the end of input
+    do { // another program may have left stdin non-blocking: EAGAIN is not the end of input
         errno = 0;
         next = std::cin.rdbuf()->sgetc();
     } while (next == EOF && MakeInputBlock());
-    if (next == EOF && errno != 0 && !termination::WasRequested()) // a signal ends the input, too
+    if (next == EOF && errno != 0 && !termination::WasRequested()) // a termination signal closes the input
         PrintError(std::string("console: cannot read the input: ") + std::strerror(errno));
     return next;
 }
 
-// Reads one word, without its end if it is too long. False at the end of input.
-bool ReadCutWord(std::string& word)
+// Reads one word and truncates it to kMaxWord. Returns false at the end of input.
+bool ReadTruncatedWord(std::string& word)
 {
     word.clear();
     int next = Peek();
@@ -91,17 +91,18 @@ void WriteLine(std::string text)
 
 bool ReadWord(std::string& word)
 {
-    [[maybe_unused]] static const bool blocksFromTheStart = MakeInputBlock(); // for plug-ins, which read it, too
+    [[maybe_unused]] static const bool madeBlocking =
+        MakeInputBlock(); // also for plug-ins, which read stdin themselves
     static bool isFirst = true;
-    bool ended = InputEnded() || termination::WasRequested(); // descriptor 0 may be something else by now
+    bool ended = InputEnded() || termination::WasRequested(); // do not read: descriptor 0 may be closed or reused
     do {
-        ended = ended || !ReadCutWord(word);
+        ended = ended || !ReadTruncatedWord(word);
         if (std::exchange(isFirst, false) && word.rfind(kByteOrderMark, 0) == 0)
             word.erase(0, std::strlen(kByteOrderMark));
     } while (!ended && word.empty());
-    if (termination::WasRequested()) // the signal may have cut the word
+    if (termination::WasRequested()) // the word may be incomplete
         ended = true;
-    // A plug-in that read a word as a number leaves the stream failed; that is not the end of input.
+    // A plug-in that read a word as a number leaves failbit set; that is not the end of input.
     std::cin.clear(ended ? std::ios::eofbit | std::ios::failbit : std::ios::goodbit);
     return !ended;
 }

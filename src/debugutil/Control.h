@@ -1,4 +1,4 @@
-// Owning a control object of the TV service.
+// Owner of a control object of the TV service.
 #pragma once
 
 #include "debugutil/Console.h"
@@ -7,8 +7,8 @@
 #include <exception>
 #include <utility>
 
-/// Runs a release at the end of a scope that was entered with that many uncaught exceptions. An exception of the
-/// release passes, unless another exception is leaving the scope: then that one passes and the release's is dropped.
+/// Runs `release` at the end of a scope that was entered with that many uncaught exceptions. An exception of `release`
+/// reaches the caller, unless another exception is leaving the scope.
 template <class Release> void ReleaseAtEndOfScope(int exceptionsAtEntry, Release release)
 {
     if (std::uncaught_exceptions() == exceptionsAtEntry) {
@@ -17,11 +17,11 @@ template <class Release> void ReleaseAtEndOfScope(int exceptionsAtEntry, Release
     }
     try {
         release();
-    } catch (...) { // NOLINT(bugprone-empty-catch): see above
+    } catch (...) { // NOLINT(bugprone-empty-catch): the other exception goes on
     }
 }
 
-/// A control object, released at the end of its scope; may be null.
+/// Owns a control object, or null, and releases it at the end of the scope.
 template <class Interface> class TCControl
 {
 public:
@@ -48,11 +48,11 @@ public:
 
 private:
     Interface* m_control = nullptr;
-    int m_exceptions = std::uncaught_exceptions(); // of the owner's scope, so it does not move with the object
+    int m_exceptions = std::uncaught_exceptions(); // belongs to the scope, so a move leaves it
 };
 
-/// Takes over the result and the object of a factory. If it failed, prints that text (unless null), releases the object
-/// if there is one and returns null.
+/// Takes over the object of a factory. If the factory failed, prints `failure` (unless null), releases the object (if
+/// there is one) and returns null.
 template <class Interface> TCControl<Interface> AdoptControl(int result, Interface* created, const char* failure)
 {
     TCControl<Interface> control(created);
@@ -63,7 +63,7 @@ template <class Interface> TCControl<Interface> AdoptControl(int result, Interfa
     return {};
 }
 
-/// Makes an object for a pipeline; null if the factory fails.
+/// Creates an object for a pipeline; null if the factory fails.
 template <class Interface>
 TCControl<Interface> CreateControl(const char* failure, int (*factory)(EProfile, int, Interface**), EProfile profile,
                                    int screenId)
@@ -73,7 +73,7 @@ TCControl<Interface> CreateControl(const char* failure, int (*factory)(EProfile,
     return AdoptControl(result, created, failure);
 }
 
-/// Makes an object that belongs to no pipeline; null if the factory fails.
+/// Creates an object without a pipeline; null if the factory fails.
 template <class Interface> TCControl<Interface> CreateControl(const char* failure, int (*factory)(Interface**))
 {
     Interface* created = nullptr;

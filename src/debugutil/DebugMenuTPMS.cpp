@@ -1,4 +1,4 @@
-// The shell of the TPMS test menu: event loop, subscription, main menu and signal printer.
+// The main menu of the TPMS tests, its event loop, and the printer of signals.
 #include "debugutil/DebugMenuTPMS.h"
 
 #include "debugutil/DebugMenuTPMSCommon.h"
@@ -14,7 +14,7 @@
 namespace
 {
 
-// A GLib main loop on the default context in a thread of its own, for one scope.
+// Runs a GLib main loop on the default context in a new thread until the end of the scope.
 class TCEventLoop
 {
 public:
@@ -26,12 +26,12 @@ public:
 
     ~TCEventLoop()
     {
-        // A quit from here is lost if the thread has not entered the loop yet, so a source quits the loop from inside.
+        // g_main_loop_quit has no effect before the thread has entered the loop, so a source quits it from inside.
         GSource* source = g_idle_source_new();
         g_source_set_priority(source, G_PRIORITY_DEFAULT);
         g_source_set_callback(source, m_Quit, m_loop.get(), nullptr);
         g_source_attach(source, nullptr);
-        g_main_loop_quit(m_loop.get()); // for a loop that waits for a context which another thread owns
+        g_main_loop_quit(m_loop.get()); // for a loop that waits because another thread owns the context
         m_thread.join();
         g_source_destroy(source);
         g_source_unref(source);
@@ -51,7 +51,7 @@ private:
     std::thread m_thread;
 };
 
-// The first bytes of a signal's data from `offset`, little-endian.
+// The little-endian number at `offset` of a signal's data.
 template <class Number> Number ReadNumber(const TSSignalData& data, std::size_t offset)
 {
     unsigned long long bits = 0;
@@ -89,11 +89,11 @@ int TVSSignalCallback(ESignalType type, EProfile profile, unsigned short screenI
     return 0;
 }
 
-// The subscription of the printer, for one scope.
+// Subscribes the printer until the end of the scope.
 class TCSubscription
 {
 public:
-    /// Null if the TV service writes none. What it writes is used, whatever the factory returns.
+    /// Writes the subscriber, or null. The result of the factory is ignored.
     explicit TCSubscription(ISignalSubscriber** subscriber)
     {
         *subscriber = nullptr;
@@ -118,7 +118,7 @@ TCDebugMenuTPMS::TCDebugMenuTPMS() = default;
 
 void TCDebugMenuTPMS::Enter()
 {
-    // At the end, also by an exception: the subscription is dropped, then the loop quit, then its thread joined.
+    // Destroyed in reverse order: the subscription ends first, then the loop quits and its thread is joined.
     const TCEventLoop loop;
     const TCSubscription subscription(&m_signalSubscriber);
     RunMenu([this] { m_PrintMainMenu(); }, [this] { return m_AskNumber("cmd> "); },

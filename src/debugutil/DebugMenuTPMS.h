@@ -1,5 +1,5 @@
-// The TPMS test menu: numbered tests of the TV service's playback, tuning and service navigation. A plug-in makes one
-// and calls Enter; it needs none of the platform's headers for that.
+// The TPMS test menu: tests of the TV service's playback, tuning and service navigation. A plug-in creates one and
+// calls Enter; this header needs no header of the platform.
 #pragma once
 
 #include <cstdint>
@@ -28,35 +28,35 @@ class TCDebugMenuTPMS
 public:
     DEBUGUTIL_EXPORT TCDebugMenuTPMS();
 
-    /// Runs the menu on the console until 99 or the end of input, with a GLib main loop on the default context in a
-    /// thread of its own; the caller must not own that context. May be called again. An exception of the TV service
-    /// passes after everything has been released.
+    /// Runs the menu on the console until 99 or the end of input. Meanwhile a thread runs a GLib main loop on the
+    /// default context; the caller must not own that context. May be called again. An exception of the TV service
+    /// reaches the caller after everything has been released.
     DEBUGUTIL_EXPORT void Enter();
 
 private:
     friend struct TSTestAccess;
 
-    // The tests kept their numbers when the commands of the main menu moved: command 12 is Test13, and so on up to
-    // command 17, which is Test18. A test with a menu has a table, a runner and a printer, which the runner calls; the
-    // rows run with the arguments that the type of the table names.
+    // The tests kept their numbers when the commands of the main menu moved: commands 12 to 17 are Test13 to Test18.
+    // A test with a menu has a table, a runner and a printer, which the runner calls. The type of the table names the
+    // arguments of its rows.
 
-    // The shell.
+    // The main menu.
     static const TCMenu<TCDebugMenuTPMS&> m_mainMenu;
     void m_PrintMainMenu();
-    /// The number at the start of the text; `ok`, unless null, is set to whether there is one in the range of int.
+    /// The number at the start of the text. Unless null, `ok` is set to whether there is one in the range of int.
     int m_StrToInt(const std::string& text, bool* ok);
-    /// Prompts and reads one number; none when nothing valid was read.
+    /// Prompts and reads one number; none if the word is not valid or the input ends.
     std::optional<int> m_AskNumber(const std::string& prompt);
-    /// The same; -1 when nothing valid was read. After the end of input it prompts no more.
+    /// The same, with -1 for none. After the end of input it does not prompt.
     int m_SelectCmd(const std::string& prompt);
-    /// Prompts for a major channel number: the low 16 bits of what was read, so 65535 when nothing valid was.
+    /// Prompts for a major channel number and returns the low 16 bits of m_SelectCmd, so 65535 for none.
     unsigned short m_SelectMajor();
-    /// The loop of a test's menu: RunMenu with m_SelectCmd, for which -1 is no number.
+    /// Runs the menu of a test: RunMenu with m_SelectCmd, where -1 is none.
     void m_RunMenu(const std::function<void()>& print, const std::function<bool(int number)>& dispatch,
                    const char* prompt = "cmd> ");
     void m_GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile);
 
-    // Lookups. Without a service the id is INVALID_SERVICE_ID; "FindService failed" is printed without a line end.
+    // Lookups. If there is no service: INVALID_SERVICE_ID, and "FindService failed" is printed without a line end.
     bool m_GetServiceList(std::list<std::pair<unsigned long long, unsigned int>>& services,
                           IServiceNavigation* navigation);
     unsigned long long m_GetServiceId(EAntennaMode antenna, unsigned short major);
@@ -89,9 +89,9 @@ private:
     void m_PrintMenu_Test17_SetPrevieSource();
     void m_SetPreviewSource(bool withService);
     static const TCMenu<IServiceNavigation&, ISourceControl&> m_invalidServiceMenu;
-    /// False when a control object cannot be made.
+    /// Returns false if a control object cannot be created.
     bool m_InvalidServiceTest();
-    /// True when the service accepted it.
+    /// Returns true if the TV service accepted it.
     bool m_SetBootupService();
 
     // Tune preparation.
@@ -120,7 +120,7 @@ private:
     // Guide data and scans.
     class TCEpgTest;
     static const TCMenu<TCEpgTest&> m_epgMenu;
-    /// False when a control object cannot be made.
+    /// Returns false if a control object cannot be created.
     bool m_EpgDataFeeding();
 
     // Commands without a menu of their own.
@@ -130,5 +130,5 @@ private:
     void m_CheckTunerSignalState();
     void m_PrintLatestServices();
 
-    ISignalSubscriber* m_signalSubscriber = nullptr; // the TV service owns it; valid while Enter runs, or null
+    ISignalSubscriber* m_signalSubscriber = nullptr; // owned by the TV service; valid while Enter runs, or null
 };

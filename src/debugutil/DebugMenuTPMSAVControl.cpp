@@ -1,4 +1,4 @@
-// Reference count, mute, HDMI analysis and DTV mode.
+// Tests of the reference count, mute, HDMI analysis and the DTV mode.
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugMenuTPMSCommon.h"
 
@@ -15,7 +15,7 @@ void ReportReferenceCount(IReferenceCount& control)
     console::WriteLine("Reference count value is: " + std::to_string(count));
 }
 
-// This menu's own numbering of the HDMI inputs; anything else is the first.
+// This menu numbers the HDMI inputs from 1; any other number is HDMI1.
 ESource SourceOfHDMIInput(int number)
 {
     constexpr int sources[] = {SOURCE_HDMI1, SOURCE_HDMI2, SOURCE_HDMI3, SOURCE_HDMI4, 38, 39, 46, 47};
@@ -100,7 +100,7 @@ void TCDebugMenuTPMS::m_Start_Test2_MuteControl()
     if (control)
         m_RunMenu([this] { m_PrintMenu_Test2_MuteControl(); },
                   [&](int command) {
-                      const int on = m_SelectCmd("Off:0 / On:1 "); // asked for every command, 99 included
+                      const int on = m_SelectCmd("Off:0 / On:1 "); // also for 99
                       return on == tpms::kNoAnswer || m_test2Menu.Dispatch(command, tpms::Ignore, *control, on);
                   });
 }
@@ -110,7 +110,7 @@ void TCDebugMenuTPMS::m_PrintMenu_Test2_MuteControl() { tpms::PrintMenu(m_test2M
 void TCDebugMenuTPMS::m_Start_Test3_HDMIAnalysis()
 {
     const auto control = tpms::CreateSourceControl();
-    ESource source = SOURCE_HDMI1; // asked for before every command
+    ESource source = SOURCE_HDMI1; // read before every command
     if (control)
         m_RunMenu(
             [&] {

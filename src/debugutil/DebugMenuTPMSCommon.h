@@ -1,4 +1,4 @@
-// What the groups of TPMS tests share: frame, prompts, failures and results.
+// Helpers of the TPMS tests: menus, control objects and results.
 #pragma once
 
 #include "debugutil/Console.h"
@@ -12,8 +12,8 @@
 namespace tpms
 {
 
-constexpr int kNoAnswer = -1;               // what m_SelectCmd returns for anything but a number
-constexpr unsigned short kNoMajor = 0xFFFF; // the same for m_SelectMajor
+constexpr int kNoAnswer = -1; // m_SelectCmd returns it for a word that is not a number and at the end of input
+constexpr unsigned short kNoMajor = 0xFFFF; // m_SelectMajor returns it in the same cases
 
 inline const TSMenuFrame& Frame()
 {
@@ -21,7 +21,7 @@ inline const TSMenuFrame& Frame()
     return frame;
 }
 
-/// Prints a test's menu and an empty line. After the end of input, only the main menus are printed once more.
+/// Prints a test's menu and an empty line. Prints nothing after the end of input, unlike the main menus.
 template <class Menu> void PrintMenu(const Menu& menu)
 {
     if (!console::InputEnded())
@@ -53,7 +53,7 @@ inline TCControl<IVideoControl> CreateVideoControl(EProfile profile)
     return CreateControl("CreateVideoControl failed\n", TVServiceAPI::CreateVideoControl, profile, 0);
 }
 
-/// What a menu does with a number without a row; returns whether the menu goes on.
+/// For Dispatch: what a menu does with an unknown number. Returns false to leave the menu.
 inline bool Ignore(int /*number*/) { return true; }
 inline bool Leave(int /*number*/) { return false; }
 inline bool PrintUnsupported(int number)
@@ -68,7 +68,7 @@ inline void ReportResult(const std::string& label, int result)
     console::WriteLine((result == 1 ? "Succesfully called " : "Fail to ") + label + ", ret=" + std::to_string(result));
 }
 
-/// Completes the line of a failed lookup with the channel.
+/// Prints the channel after "FindService failed", on the same line.
 inline void ReportMajor(int major) { console::WriteLine(" for major=" + std::to_string(major)); }
 
 } // namespace tpms

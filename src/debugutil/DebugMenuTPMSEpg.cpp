@@ -1,4 +1,4 @@
-// Guide data, tune-around and barker channel scan.
+// Tests of guide data, tune-around and the barker channel scan.
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugMenuTPMSCommon.h"
 #include "debugutil/DebugMenuTPMSLookup.h"
@@ -22,7 +22,7 @@ TSTvMode CurrentMode() { return {ANTENNA_MODE_UNKNOWN, SERVICE_MODE_UNKNOWN}; }
 
 void ReportCall(const std::string& called, int result) { console::WriteLine(called + std::to_string(result)); }
 
-// The length, in 16-bit units, of the title of the service's programme; none without one.
+// The length, in 16-bit units, of the title of the service's programme; none if there is no title.
 std::optional<unsigned int> ReadTitleLength(IServiceGuide& guide, unsigned long long serviceId)
 {
     TCProgramData program;
@@ -37,7 +37,7 @@ std::optional<unsigned int> ReadTitleLength(IServiceGuide& guide, unsigned long 
 
 } // namespace
 
-// The commands of the menu. Signals that they add stay added when the menu is left, because the scan goes on.
+// The commands of the menu. Leaving the menu does not remove signals, because the scan continues.
 class TCDebugMenuTPMS::TCEpgTest
 {
 public:
@@ -86,7 +86,7 @@ void TCDebugMenuTPMS::TCEpgTest::ListPrograms()
         criteria.Fetch(field);
     tpms::TSServiceRecords records;
     m_navigation.FindServices(criteria, records.list, CurrentMode(), 0, 0);
-    std::uint16_t withTitle = 0; // wraps after 16 bits, as on a TV set
+    std::uint16_t withTitle = 0; // wraps at 16 bits, as on a TV set
     for (const TCServiceData* record : records.list) {
         const auto length = ReadTitleLength(m_guide, tpms::ReadServiceIdTag(*record));
         if (!length)
@@ -136,7 +136,7 @@ void TCDebugMenuTPMS::TCEpgTest::StartBarkerChannelScan()
 void TCDebugMenuTPMS::TCEpgTest::StopBarkerChannelScan()
 {
     ReportCall("\tcalled StopBarkerChannelScan, ret: ", m_scan.StopBarkerChannelScan());
-    std::this_thread::sleep_for(kLastSignalsDelay); // for the signals of a scan that stops
+    std::this_thread::sleep_for(kLastSignalsDelay); // the scan may still raise signals
     m_RemoveSignals(kBarkerChannelSignals);
 }
 

@@ -38,7 +38,7 @@ void TCDebugMenuTPMS::m_PrintLatestServices()
         return;
     const TSTvMode cable(ANTENNA_MODE_CABLE, SERVICE_MODE_DTV);
     const TSTvMode air(ANTENNA_MODE_AIR, SERVICE_MODE_DTV);
-    unsigned long long serviceId = INVALID_SERVICE_ID; // a query that writes none shows the one before it
+    unsigned long long serviceId = INVALID_SERVICE_ID; // a query that finds none leaves the id of the query before it
     const auto print = [&serviceId](const std::string& label) {
         console::WriteLine(label + std::to_string(serviceId));
     };

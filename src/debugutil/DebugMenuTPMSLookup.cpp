@@ -14,13 +14,6 @@ namespace
 
 constexpr unsigned int kServiceOfTheList = 5;
 
-void ReportMissingTag(int field)
-{
-    TCApiPrintMessage("*************************** ASSERT TAG ***************************");
-    TCApiPrintMessage("******************* ASSERT: missing tag[%3d] *********************", field);
-    TCApiPrintMessage("*************************** ASSERT TAG ***************************");
-}
-
 template <class Number> Number ReadTag(const TCServiceData& service, int field)
 {
     const TCTagSet* tags = service.GetTagSet();
@@ -29,7 +22,9 @@ template <class Number> Number ReadTag(const TCServiceData& service, int field)
     if (data == nullptr) {
         if (tag != nullptr)
             TCApiPrintMessage("tag %d has do data", field);
-        ReportMissingTag(field);
+        TCApiPrintMessage("*************************** ASSERT TAG ***************************");
+        TCApiPrintMessage("******************* ASSERT: missing tag[%3d] *********************", field);
+        TCApiPrintMessage("*************************** ASSERT TAG ***************************");
         return static_cast<Number>(-1);
     }
     Number number;
@@ -61,7 +56,7 @@ TCCriteriaHelper ChannelCriteria(EServiceProfile profile, unsigned short major)
 {
     TCCriteriaHelper criteria;
     criteria.Where(kServiceProfile, profile);
-    criteria.Where(23, 1); // the meaning of fields 23 and 25 is known to the database only
+    criteria.Where(23, 1); // the meaning of fields 23 and 25 is not documented
     criteria.Where(25, 0);
     criteria.Where(kMajor, major);
     criteria.Fetch(kServiceId);

@@ -1,4 +1,4 @@
-// Reading the service database.
+// Queries of the service database.
 #pragma once
 
 #include "tvs-api/Services.h"
@@ -28,18 +28,18 @@ constexpr int kMinor = 14;
 constexpr int kAntennaOfVC = 115; // of a VC service only
 constexpr int kChannelTypeVC = 9;
 
-/// The service id; INVALID_SERVICE_ID, and a report in the platform's log, when the record has none.
+/// The service id. If the record has none: INVALID_SERVICE_ID, with messages in the platform's log.
 unsigned long long ReadServiceIdTag(const TCServiceData& service);
-/// A field of 32 bits; -1, and the same report, when the record does not have it.
+/// A field of 32 bits. If the record has none: -1, with the same messages.
 int ReadNumberTag(const TCServiceData& service, int field);
 
-/// The profile of the services of that mode.
+/// The profile of the services in that mode.
 EServiceProfile ServiceProfileOf(const TSTvMode& mode);
-/// Services of that profile and major channel number; delivers the service id.
+/// Criteria for the services of that profile and major channel number; fetches the service id.
 TCCriteriaHelper ChannelCriteria(EServiceProfile profile, unsigned short major);
-/// Fills in the first service; false, with "FindService failed" on the console, when there is none.
+/// Fills in the first service. If there is none, prints "FindService failed" and returns false.
 bool FindService(IService& service, const TCCriteriaHelper& criteria, TCServiceData& data);
-/// The id of that service; INVALID_SERVICE_ID without one.
+/// The id of the first service; INVALID_SERVICE_ID if there is none.
 unsigned long long FindServiceId(IService& service, const TCCriteriaHelper& criteria);
 
 } // namespace tpms

@@ -1,4 +1,4 @@
-// Applications that take part in a change of service or source.
+// Tests of the applications that take part in a change of service or source.
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugMenuTPMSCommon.h"
 
@@ -9,7 +9,7 @@ constexpr int kReady = 1;
 constexpr const char* kApp1 = "org.ostrel.sigtunepreptest1";
 constexpr const char* kApp2 = "org.ostrel.sigtunepreptest2";
 
-// Wider rules than those of the other menus.
+// This menu is wider than the others.
 const TSMenuFrame kWideFrame = {" " + std::string(86, '=') + "\n", " " + std::string(86, '-') + "\n"};
 
 void CheckPending(IPipelineUtility& utility, EStateChange kind)
@@ -25,34 +25,26 @@ const TCMenu<IPipelineUtility&, const std::string&> TCDebugMenuTPMS::m_test13Men
     "\t[Test13 List - Preparation Logic Test]\t\n",
     {
         {1, " 1. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SERVICE \n",
-         [](IPipelineUtility& utility, const std::string& application) {
-             utility.RegisterForStateChange(STATE_CHANGE_SERVICE, application, 0);
-         }},
+         [](auto& utility, auto& app) { utility.RegisterForStateChange(STATE_CHANGE_SERVICE, app, 0); }},
         {2, " 2. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SERVICE \n",
-         [](IPipelineUtility& utility, const std::string& application) {
-             utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, application);
-         }},
+         [](auto& utility, auto& app) { utility.UnregisterFromStateChange(STATE_CHANGE_SERVICE, app); }},
         {3, " 3. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SERVICE \n",
-         [](IPipelineUtility& utility, const std::string& application) {
-             utility.NotifyReceiverState(STATE_CHANGE_SERVICE, application, kReady, INVALID_SERVICE_ID);
+         [](auto& utility, auto& app) {
+             utility.NotifyReceiverState(STATE_CHANGE_SERVICE, app, kReady, INVALID_SERVICE_ID);
          }},
         {4, " 4. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SERVICE \n",
-         [](IPipelineUtility& utility, const std::string&) { CheckPending(utility, STATE_CHANGE_SERVICE); }},
+         [](auto& utility, auto&) { CheckPending(utility, STATE_CHANGE_SERVICE); }},
         {" ========================================================================= \n"},
         {5, " 5. call IPipelineUtilityl::RegisterForStateChange - STATE_CHANGE_SOURCE \n",
-         [](IPipelineUtility& utility, const std::string& application) {
-             utility.RegisterForStateChange(STATE_CHANGE_SOURCE, application, 0);
-         }},
+         [](auto& utility, auto& app) { utility.RegisterForStateChange(STATE_CHANGE_SOURCE, app, 0); }},
         {6, " 6. call IPipelineUtiltiyl::UnregisterFromStateChange  - STATE_CHANGE_SOURCE \n",
-         [](IPipelineUtility& utility, const std::string& application) {
-             utility.UnregisterFromStateChange(STATE_CHANGE_SOURCE, application);
-         }},
+         [](auto& utility, auto& app) { utility.UnregisterFromStateChange(STATE_CHANGE_SOURCE, app); }},
         {7, " 7. call IPipelineUtiltiyl::NotifyReceiverState - STATE_CHANGE_SOURCE \n",
-         [](IPipelineUtility& utility, const std::string& application) {
-             utility.NotifyReceiverState(STATE_CHANGE_SOURCE, application, kReady, INVALID_SERVICE_ID);
+         [](auto& utility, auto& app) {
+             utility.NotifyReceiverState(STATE_CHANGE_SOURCE, app, kReady, INVALID_SERVICE_ID);
          }},
         {8, " 8. call IPipelineUtiltiyl::CheckPendingState - STATE_CHANGE_SOURCE \n",
-         [](IPipelineUtility& utility, const std::string&) { CheckPending(utility, STATE_CHANGE_SOURCE); }},
+         [](auto& utility, auto&) { CheckPending(utility, STATE_CHANGE_SOURCE); }},
     },
 };
 
@@ -67,7 +59,7 @@ void TCDebugMenuTPMS::m_Start_Test13_PreparationLogicTest()
 
 void TCDebugMenuTPMS::m_PrintMenu_Test13_PreparationLogicTest() { tpms::PrintMenu(m_test13Menu); }
 
-// Two simulated applications take part in changes of service.
+// The commands of the menu, for two simulated applications that take part in changes of service.
 class TCDebugMenuTPMS::TCMechanismTest
 {
 public:
@@ -77,7 +69,7 @@ public:
     void Notify(const std::string& application, const char* label);
     void Unregister(const std::string& application, const char* label);
     void ReportPending();
-    /// Withdraws both applications if a change waits for one of them.
+    /// Unregisters both applications if a change is pending.
     void WithdrawPending();
 
 private:

@@ -1,4 +1,4 @@
-// Switching a pipeline to a source or a service.
+// Tests that switch a pipeline to a source or a service.
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugMenuTPMSCommon.h"
 
@@ -20,7 +20,7 @@ void SetServiceOnMain(unsigned long long serviceId)
         control->SetSource(SOURCE_TV, serviceId, "");
 }
 
-// To be done before a source is forced onto a pipeline that may be in use.
+// Makes the pipeline available if another application uses it.
 void PreparePipeline(ISourceControl& control)
 {
     control.StopCurrentSource();
@@ -52,7 +52,7 @@ const TCMenu<TCDebugMenuTPMS&> TCDebugMenuTPMS::m_test7Menu = {
 
 void TCDebugMenuTPMS::m_Start_Test7_SetSource()
 {
-    // A number without a row does what row 1 does, and so does a word that is not a number (-1).
+    // For an unknown number, and for a word that is not a number (-1): the same as row 1.
     constexpr auto setSourceTV = [](int /*number*/) {
         SetSourceOnMain(SOURCE_TV);
         return true;
@@ -77,7 +77,7 @@ void TCDebugMenuTPMS::m_SetServiceOnPipeline(EProfile profile)
     m_BindWindow(profile);
 }
 
-// The clone has no pipeline of its own: it is reached through the main one.
+// The clone has no pipeline; it uses the main one.
 void TCDebugMenuTPMS::m_SetSourceOnClone()
 {
     const auto control = tpms::CreateSourceControl();
@@ -90,7 +90,7 @@ void TCDebugMenuTPMS::m_SetSourceOnClone()
 
 void TCDebugMenuTPMS::m_BindWindow(EProfile profile)
 {
-    int windowId = 0; // what is sent when the key is missing
+    int windowId = 0; // used if the key is missing
     m_GetVconfInt("db/tv-viewer/window_id", &windowId);
     if (const auto video = tpms::CreateVideoControl(profile))
         video->SetWindowId(windowId);
@@ -159,7 +159,7 @@ const TCMenu<IServiceNavigation&, ISourceControl&> TCDebugMenuTPMS::m_invalidSer
 
 bool TCDebugMenuTPMS::m_InvalidServiceTest()
 {
-    TCControl<ISourceControl> control; // released after the navigation, though made after it
+    TCControl<ISourceControl> control; // declared first, so that it is released after the navigation
     const auto navigation = tpms::CreateServiceNavigation();
     if (!navigation)
         return false;

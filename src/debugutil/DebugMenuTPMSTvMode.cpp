@@ -1,4 +1,4 @@
-// TV mode with a service, crop and captions.
+// Tests of the TV mode with a service, of crop and of captions.
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugMenuTPMSCommon.h"
 #include "debugutil/DebugMenuTPMSLookup.h"
@@ -9,30 +9,18 @@ const TCMenu<TCDebugMenuTPMS&, unsigned short> TCDebugMenuTPMS::m_test14Menu = {
     {
         {" RF case:    \n"},
         {1, " 1.  SetTvMode(Air, ch) \n",
-         [](TCDebugMenuTPMS& menu, unsigned short major) {
-             menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/false);
-         }},
+         [](auto& menu, auto major) { menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/false); }},
         {2, " 2.  SetTvMode(Cable, ch) \n",
-         [](TCDebugMenuTPMS& menu, unsigned short major) {
-             menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/false);
-         }},
+         [](auto& menu, auto major) { menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/false); }},
         {3, " 3.  SetTvMode(Satellite, ch) \n",
-         [](TCDebugMenuTPMS& menu, unsigned short major) {
-             menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/false);
-         }},
+         [](auto& menu, auto major) { menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/false); }},
         {" VC case:    \n"},
         {4, " 4.  SetTvMode(Air, ch) \n",
-         [](TCDebugMenuTPMS& menu, unsigned short major) {
-             menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/true);
-         }},
+         [](auto& menu, auto major) { menu.m_RunSetTvModeTest(ANTENNA_MODE_AIR, major, /*vc=*/true); }},
         {5, " 5.  SetTvMode(Cable, ch) \n",
-         [](TCDebugMenuTPMS& menu, unsigned short major) {
-             menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/true);
-         }},
+         [](auto& menu, auto major) { menu.m_RunSetTvModeTest(ANTENNA_MODE_CABLE, major, /*vc=*/true); }},
         {6, " 6.  SetTvMode(Satellite, ch) \n",
-         [](TCDebugMenuTPMS& menu, unsigned short major) {
-             menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/true);
-         }},
+         [](auto& menu, auto major) { menu.m_RunSetTvModeTest(ANTENNA_MODE_SATELLITE, major, /*vc=*/true); }},
     },
 };
 
@@ -40,7 +28,7 @@ void TCDebugMenuTPMS::m_Start_Test14_SetTvModeTest()
 {
     m_RunMenu([this] { m_PrintMenu_Test14_SetTvModeTest(); },
               [this](int command) {
-                  const unsigned short major = m_SelectMajor(); // asked for every command, 99 included
+                  const unsigned short major = m_SelectMajor(); // also for 99
                   return major == tpms::kNoMajor || m_test14Menu.Dispatch(command, tpms::Leave, *this, major);
               });
 }

@@ -1,4 +1,4 @@
-// Zoom windows. Every value is passed on as it was read; nothing is sent once the input has ended.
+// Tests of zoom windows. Values are passed on without a check. After the end of input no call is made.
 #include "debugutil/DebugMenuTPMS.h"
 #include "debugutil/DebugMenuTPMSCommon.h"
 

@@ -11,10 +11,10 @@ namespace
 
 constexpr std::int32_t kFailed = -1;
 
-// A request only reads the values pushed into it.
+// PushValue takes non-const pointers, but a request only reads the values.
 template <class Value> Value* ForRequest(const Value& value) { return const_cast<Value*>(&value); }
 
-// A result of 4 bytes is always the first value of the reply.
+// A call whose reply starts with a result of 4 bytes.
 class TCRemoteCall : public TCMarshallingHelperProxy
 {
 public:
@@ -25,7 +25,7 @@ private:
     std::int32_t m_result = kFailed;
 };
 
-// Null rather than an exception: the console starts without the TV service, too.
+// Returns null instead of an exception: the console starts without the TV service, too.
 std::unique_ptr<TVServiceAPIConnection> OpenConnection()
 {
     return std::unique_ptr<TVServiceAPIConnection>(new (std::nothrow) TVServiceAPIConnection(
@@ -120,7 +120,7 @@ bool TCDebugPrintControlProxy::SetQoSEnabled(bool enabled)
 bool TCDebugPrintControlProxy::IsQoSEnabled()
 {
     TCMarshallingHelperProxy call;
-    unsigned char enabled = 0; // a received byte need not be a valid bool
+    unsigned char enabled = 0; // the received byte may not be a valid bool
     call.PushValue(MARSHALLING_REPLY, sizeof enabled, &enabled);
     m_Run(call, DEBUG_PRINT_IS_QOS_ENABLED);
     return enabled != 0;

@@ -1,4 +1,4 @@
-// The client side of the debug menu that runs inside the TV service.
+// The client of the debug menu that runs in the TV service.
 #pragma once
 
 #include "debugutil/MenuItem.h"
@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-/// The TV service's remote interface. Each operation is one synchronous remote call; one thread at a time. Operations
-/// are appended only. The number of the method comes first in each comment; it is not the position in this class.
+/// The remote interface of the TV service. Each operation is one synchronous remote call. One thread at a time. Each
+/// comment starts with the number of the remote method, which is not the position in this class. Append new operations.
 class IDebugPrintControl
 {
 public:
@@ -24,17 +24,17 @@ public:
     virtual std::int32_t Execute(const std::string& command, std::string& response) = 0;
     /// 3. Fills in the service's check value. -1: the call failed.
     virtual std::int32_t Check(std::int32_t& value) = 0;
-    /// 4. The items as far as the reply filled them; empty without a reply.
+    /// 4. The items of the reply, as far as they were readable; empty if the call failed.
     virtual std::vector<TSMenuItem> GetMenuItems() = 0;
-    /// 5. True when the call succeeded, whatever the service did; the same for all operations that set something.
+    /// 5. Returns true if the call succeeded, even if the service did not set the items. The same for all setters.
     virtual bool SetMenuItems(const std::vector<TSMenuItem>& items) = 0;
     /// 6. Changes the item with that number.
     virtual bool SetMenuItem(const TSMenuItem& item) = 0;
-    /// 7. Switches the service's QoS.
+    /// 7. Turns QoS on or off.
     virtual bool SetQoSEnabled(bool enabled) = 0;
     /// 8. False also if the call failed.
     virtual bool IsQoSEnabled() = 0;
-    /// 9. Switches one debug mode of the service.
+    /// 9. Turns one debug mode on or off.
     virtual bool SetDebugMode(EDebugMode mode, bool enable) = 0;
     /// 10. False also if the call failed.
     virtual bool IsDebugModeEnabled(EDebugMode mode) = 0;
@@ -45,9 +45,9 @@ public:
 class TCDebugPrintControlProxy : public IDebugPrintControl
 {
 public:
-    /// Opens the messaging connection; without one every call fails.
+    /// Opens the messaging connection. If that fails, every call fails.
     explicit TCDebugPrintControlProxy(const std::string& serviceName);
-    /// Takes over that connection. Null is reported as a connection that could not be made.
+    /// Takes over the connection. If it is null, prints an assertion.
     TCDebugPrintControlProxy(std::string serviceName, std::unique_ptr<TVServiceAPIConnection> connection);
 
     std::int32_t Start(std::string& response) override;

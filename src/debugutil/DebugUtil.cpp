@@ -1,4 +1,4 @@
-// The shell: the top-level menu, the remote menu and the plug-in.
+// The top-level menu, the remote menu and the plug-in.
 #include "debugutil/DebugUtil.h"
 
 #include "debugmenu/DebugMenuUtility.h"
@@ -12,7 +12,7 @@
 #include <exception>
 #include <optional>
 
-// Initialized in this order, after the standard streams; the proxy opens its connection.
+// Initialized in this order, after the standard streams. The proxy opens its connection here.
 bool TCDebugUtil::m_isDebugUtilMenu = true;
 bool TCDebugUtil::m_exitDebugMenu = false;
 std::string TCDebugUtil::m_response;
@@ -32,7 +32,7 @@ namespace
 
 constexpr std::int32_t kLastOptionAboveDivider = 50;
 
-// Runs an option. An exception ends the option and is reported; the console goes on.
+// Runs an option. An exception ends the option and is printed; the console continues.
 void RunAction(const std::string& name, const std::function<void()>& action)
 {
     std::optional<std::string> failure;

@@ -1,4 +1,4 @@
-// The console shell with its top-level menu, and the TVS debug menu.
+// The top-level menu and the TVS debug menu.
 #pragma once
 
 #include "debugutil/DebugPrintControlProxy.h"
@@ -18,7 +18,7 @@ struct TSMenuOption {
     std::function<void()> action;
 };
 
-/// Static data and operations only. Everything runs on the console thread except the signal monitor.
+/// Has static members only. All operations run on the console thread, except SignalReceivedCallback.
 class TCDebugUtil
 {
 public:
@@ -35,17 +35,17 @@ public:
     static void OpenDebughtLibAction();
     /// The options that are not implemented.
     static void PrintUnimplemantedWarningAction();
-    /// Option "TVS Debug": runs the TVS debug menu until 99 or the end of input; returns true. An exception of
-    /// the TV service passes.
+    /// Option "TVS Debug": runs the TVS debug menu until 99 or the end of input; returns true. An exception of the TV
+    /// service reaches the caller.
     static bool TVSDebugFunction();
 
     /// The text of the TVS debug menu.
     static std::string CreateTVSDebugMenu();
     /// Prompts for a pipeline; both fields are always set.
     static void GetTVSHandleByUserInput(TVSHandle* handle, bool askProfile);
-    /// The name of a signal. For an unknown signal the text is valid until the calling thread's next such call.
+    /// The name of a signal. The text for an unknown signal is valid until the thread calls this again.
     static const char* GetStringOfSignalType(ESignalType type);
-    /// Prints the signal's name; returns 0. Runs on the thread on which the TV service delivers signals.
+    /// Prints the name of the signal and returns 0. The TV service calls it on its own thread.
     static int SignalReceivedCallback(ESignalType type, TSSignalData data, void* userData);
 
 private:

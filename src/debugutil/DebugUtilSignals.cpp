@@ -1,4 +1,4 @@
-// Names of signals, and the signal monitor.
+// The names of signals, and the callback that prints them.
 #include "debugutil/Console.h"
 #include "debugutil/DebugUtil.h"
 
@@ -6,7 +6,7 @@
 
 const char* TCDebugUtil::GetStringOfSignalType(ESignalType type)
 {
-    // Signals may arrive on several threads at once, so each thread has its own text.
+    // Several threads may receive signals at the same time.
     static thread_local char strDefault[64];
     switch (type) {
 #define NAMED(signal)                                                                                                  \

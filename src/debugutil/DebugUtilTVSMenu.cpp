@@ -1,4 +1,4 @@
-// The TVS debug menu: single operations of the TV service, with values typed in.
+// The TVS debug menu: single operations of the TV service.
 #include "debugmenu/DebugMenuUtility.h"
 #include "debugutil/Console.h"
 #include "debugutil/Control.h"
@@ -18,21 +18,21 @@ constexpr const char* kOnOffPrompt = "Input (0:off, 1:on) ? >";
 constexpr ESignalType kMonitoredSignals[] = {SIGNAL_TUNE_START,     SIGNAL_TUNE_SUCCESS, SIGNAL_TUNER_LOCK_FAIL,
                                              SIGNAL_SERVICE_LOCKED, SIGNAL_TUNE_STOP,    SIGNAL_RESOLUTION_CHANGED};
 
-// The errors of this menu have no line end: the next menu follows on the same line.
+// The errors of this menu have no line end; the menu follows on the same line.
 TCControl<ISourceControl> CreateSourceControl(EProfile profile, int screenId)
 {
     return CreateControl("[DebugUtil] TVServiceAPI::CreateSourceControl fail", TVServiceAPI::CreateSourceControl,
                          profile, screenId);
 }
 
-// The SubID is the screen of the source control.
+// The SubID is the screen id of the source control.
 std::optional<std::int32_t> AskSubId()
 {
     console::Write(std::string(kLongStars) + "*****Select SubID*****\n" + kLongStars);
     return console::AskNumber(kInputPrompt);
 }
 
-// What is printed about a SubID: these lines in a frame.
+// The text about a SubID, in a frame.
 std::string SubIdBlock(std::int32_t subId, const std::string& lines = "")
 {
     return std::string(kLongStars) + "*****Set SubID[" + std::to_string(subId) + "]*****\n" + lines + kLongStars;
@@ -71,7 +71,7 @@ void SizeControl()
     const auto width = console::AskNumber("W: > ");
     const auto height = console::AskNumber("H: > ");
     if (!height)
-        return; // the input has ended, at this prompt or before
+        return; // the input has ended here or at an earlier prompt
     if (const auto video = CreateControl("[DebugUtil] TVServiceAPI::CreateVideoControl fail",
                                          TVServiceAPI::CreateVideoControl, handle.profile, handle.screenId))
         video->SetVideoSize(*x, *y, *height, *width);
@@ -79,7 +79,7 @@ void SizeControl()
 
 void NotImplemented() { console::WriteLine("[DebugUtil] Not implemented yet!"); }
 
-// The subscriber belongs to the TV service, which identifies it by its callback: neither command keeps or releases it.
+// The TV service owns the subscriber and finds it by its callback, so neither command keeps or releases it.
 ISignalSubscriber* OpenMonitor()
 {
     ISignalSubscriber* subscriber = nullptr;

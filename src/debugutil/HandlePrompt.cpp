@@ -4,23 +4,6 @@
 
 #include <string>
 
-namespace
-{
-
-EProfile ProfileOfAnswer(int answer)
-{
-    switch (answer) {
-    case 1:
-        return PROFILE_PIP;
-    case 2:
-        return PROFILE_ANALYSIS;
-    default:
-        return PROFILE_MAIN;
-    }
-}
-
-} // namespace
-
 void PromptForTVSHandle(TVSHandle* handle, bool askProfile)
 {
     *handle = {PROFILE_MAIN, 0};
@@ -32,7 +15,7 @@ void PromptForTVSHandle(TVSHandle* handle, bool askProfile)
         const auto profile = console::AskNumber("Input Profile. Main:0, PIP:1 , Analysis:2 > ");
         if (!profile)
             return;
-        handle->profile = ProfileOfAnswer(*profile);
+        handle->profile = *profile == 1 ? PROFILE_PIP : *profile == 2 ? PROFILE_ANALYSIS : PROFILE_MAIN;
     }
     console::WriteLine("User Input : screenId:" + std::to_string(handle->screenId) +
                        " profile:" + std::to_string(handle->profile));

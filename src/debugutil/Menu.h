@@ -1,4 +1,4 @@
-// A debug menu is a table and the loop around it: the same rows print it and run what is chosen.
+// A debug menu is a table of rows, each with its text and its action, and a loop that prints and runs them.
 #pragma once
 
 #include "debugmenu/DebugMenuUtility.h"
@@ -12,10 +12,10 @@
 #include <utility>
 #include <vector>
 
-/// The number that leaves every menu.
+/// Leaves every menu.
 constexpr int kMenuExit = 99;
 
-/// The rules around a menu, each with its line end.
+/// The separator lines of a menu, each with its line end.
 struct TSMenuFrame {
     std::string thick;
     std::string thin;
@@ -35,7 +35,7 @@ template <class... Arguments> struct TSMenuRow {
     std::function<void(Arguments...)> run;
 };
 
-/// A menu whose rows run with those arguments.
+/// A menu. `Arguments` are the arguments of its actions.
 template <class... Arguments> class TCMenu
 {
 public:
@@ -50,10 +50,10 @@ public:
         m_text += frame.thin + " 99 : Exit\n" + frame.thick; // kMenuExit
     }
 
-    /// The text of the whole menu, 99 included.
+    /// The text of the whole menu, with the line of 99.
     const std::string& Text() const { return m_text; }
 
-    /// Runs the row of that number; without one, does what `onUnknown` does. Returns whether the menu goes on.
+    /// Runs the row with that number, or `onUnknown` if there is none. Returns false to leave the menu.
     bool Dispatch(int number, bool (*onUnknown)(int number), Arguments... arguments) const
     {
         if (number == kMenuExit)
@@ -72,14 +72,14 @@ private:
     std::string m_text;
 };
 
-/// What the main menus do with a number without a row.
+/// For Dispatch: what the main menus do with an unknown number.
 inline bool PrintUnrecognized(int /*number*/)
 {
     console::WriteLine("Command not recognized");
     return true;
 }
 
-/// Prompts for a command of the shell; none if the word is not a number, and at the end of input.
+/// Prompts for a command; none if the word is not a number or the input ends.
 inline std::optional<std::int32_t> AskCommand()
 {
     std::string word;
@@ -88,7 +88,7 @@ inline std::optional<std::int32_t> AskCommand()
     return console::ToNumber(word);
 }
 
-/// The loop of every menu: prints it, reads a number (none: a word that is not one) and dispatches it, until `dispatch`
+/// The loop of every menu: prints it, reads a number (none if the word is not one) and dispatches it, until `dispatch`
 /// returns false or the input ends.
 template <class Print, class Read, class Dispatch> void RunMenu(Print print, Read read, Dispatch dispatch)
 {

@@ -4,12 +4,7 @@
 
 template class TCMarshalableOneDimensionContainer<std::vector<TSMenuItem>, TSMenuItem>;
 
-namespace
-{
-
-constexpr const char* kStringSource = "/usr/include/tvs-api-internal/MarshalableString";
-
-} // namespace
+constexpr const char* kStringSource = "/usr/include/tvs-api-internal/MarshalableString"; // for assertions
 
 bool TSMenuItem::ClassToTree(TCTreeBranch& branch)
 {
@@ -25,7 +20,7 @@ bool TSMenuItem::TreeToClass(TCTreeBranch& branch)
 {
     TCTreeToClassFormatter formatter(branch);
     TCMarshalableString name(&m_name);
-    unsigned char state = m_state ? 1 : 0; // a received byte need not be a valid bool
+    unsigned char state = m_state ? 1 : 0; // the received byte may not be a valid bool
     formatter.PushMarshalableClass(0, &name);
     formatter.PushValue(1, 1, &state);
     formatter.PushValue(2, 4, &m_id);
@@ -65,10 +60,10 @@ bool TCMarshalableString::TreeToClass(TCTreeBranch& branch)
     std::uint32_t length = 0;
     formatter.PushValue(0, 4, &length);
     if (length == 0) {
-        m_data->reserve(1); // the capacity may change, the text must not
+        m_data->reserve(1); // keeps the text
         return formatter.FillOut();
     }
-    // Nothing is allocated, and the string is left alone, for a length that the bytes do not have.
+    // Compares the length with the number of bytes first, so that a wrong one allocates nothing.
     const auto& children = branch.GetChildren();
     if (children.size() != 2 || children[1].GetElementCount(1) != length)
         return false;

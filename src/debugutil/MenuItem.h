@@ -1,4 +1,4 @@
-// The values of the remote debug menu interface that are more than plain numbers.
+// Values of the remote debug menu: strings, items and lists of items.
 #pragma once
 
 #include "tvs-api-internal/Tree.h"
@@ -30,7 +30,7 @@ private:
     std::uint32_t m_id = 0;
 };
 
-/// Marshals a string that it does not own. In a branch: 0 the length (4 bytes), 1 the bytes unless there are none.
+/// Marshals a string that it does not own. In a branch: 0 the length (4 bytes), 1 the bytes, left out if empty.
 class TCMarshalableString : public TCMarshalable
 {
 public:
@@ -38,15 +38,15 @@ public:
 
     bool GetSizeOfMarshalled(unsigned long& size) override;
     bool ClassToTree(TCTreeBranch& branch) override;
-    /// A string of length 0 leaves the bound string as it was.
+    /// A string of length 0 does not change the bound string.
     bool TreeToClass(TCTreeBranch& branch) override;
 
 private:
     std::string* m_data;
 };
 
-/// Marshals a sequence of marshalable elements, one child per element. Owns the node creator, not the sequence. Never
-/// fails: an element that cannot be written is left out, one that cannot be read is kept as far as it was filled.
+/// Marshals a sequence of marshalable elements, one child per element. Owns the node creator, but not the sequence.
+/// Never fails: skips an element that cannot be written, and keeps an element that was read only in part.
 template <class Container, class Element> class TCMarshalableOneDimensionContainer : public TCMarshalable
 {
 public:

@@ -15,7 +15,7 @@ namespace
 
 constexpr int kSignals[] = {SIGHUP, SIGINT, SIGTERM};
 
-// One event often sends two signals: a terminal that closes, a service manager that ends a login session, timeout(1).
+// Some events send two signals: a closing terminal, a service manager that ends a login session, timeout(1).
 constexpr std::int64_t kSameEventMilliseconds = 500;
 
 std::atomic<std::int64_t> g_firstTime{0}; // monotonic clock; 0: no signal has come
@@ -32,22 +32,22 @@ std::int64_t MonotonicMilliseconds()
     return static_cast<std::int64_t>(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000 + 1; // never 0
 }
 
-// By the signal's default action, so that the parent sees which signal it was.
+// Uses the default action of the signal, so that the parent sees which signal it was.
 void EndProcessBy(int signal)
 {
     std::signal(signal, SIG_DFL);
-    std::raise(signal); // inside the handler it is delivered when the handler returns
+    std::raise(signal); // in the handler: takes effect when the handler returns
 }
 
-// Where no descriptor was left for an empty input, the input is closed: a read fails, and the console reads no further.
+// Without the empty input (no descriptor was left) closes the input: the next read fails, which ends it, too.
 void EndInput()
 {
     if (dup2(g_emptyInput, STDIN_FILENO) < 0)
         close(STDIN_FILENO);
 }
 
-// The kernel may run it on any thread. The console thread's read is interrupted and starts again (SA_RESTART) on an
-// input that has ended, so a read that is only about to begin ends as well.
+// The kernel may run it on any thread. A read of the console thread is interrupted and restarted (SA_RESTART) on the
+// empty input, so it ends; a read that starts later ends, too.
 void OnSignal(int signal, siginfo_t* info, void* /*context*/)
 {
     const int savedErrno = errno;
@@ -64,7 +64,7 @@ void OnSignal(int signal, siginfo_t* info, void* /*context*/)
     errno = savedErrno;
 }
 
-// Runs after the last static object is destroyed; one of them closes the connection to the TV service.
+// Runs after the static objects are destroyed; one of them closes the connection to the TV service.
 __attribute__((destructor)) void EndProcess()
 {
     termination::UnblockSignals(); // a signal that a plug-in has kept blocked until now counts
@@ -83,7 +83,7 @@ void HandleSignals()
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) == 0) {
         g_emptyInput = ends[0];
-        close(ends[1]); // a pipe without a writer is at its end
+        close(ends[1]); // a pipe without a writer is an empty input
     }
     for (const int signal : kSignals) {
         struct sigaction before = {}, action = {};

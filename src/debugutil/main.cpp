@@ -5,9 +5,9 @@
 
 int main()
 {
-    // A reader of our output that goes away must not kill the console with objects of the TV service in its hands.
+    // The console must release the objects of the TV service even if nobody reads its output any more ...
     std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN); // nor must a file that has reached its limit
+    std::signal(SIGXFSZ, SIG_IGN); // ... or its output file has reached the size limit
     termination::HandleSignals();
     TCDebugUtil::StartMenu();
     return 0;

@@ -42,7 +42,6 @@ std::atomic<Host*>& Current()
 } // namespace
 
 Host& Host::Instance() { return *Current(); }
-
 Host& Host::Exchange(Host& host) { return *Current().exchange(&host); }
 
 } // namespace host

@@ -31,8 +31,8 @@ private:
     std::string m_shown;
 };
 
-/// Runs `work(outputs)`, traces it as the call `operation(arguments)` and returns its result. If the scenario has a fault
-/// for this call, returns its result or throws its std::runtime_error instead. Any thread.
+/// Runs `work(outputs)`, traces it as the call `operation(arguments)` and returns its result. If the scenario has
+/// a fault for this call, returns the result of the fault or throws std::runtime_error instead. Any thread.
 template <class... Arguments, class Work>
 auto Operation(Op operation, const std::tuple<Arguments...>& arguments, Work&& work)
 {

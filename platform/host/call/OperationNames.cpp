@@ -31,10 +31,6 @@ std::optional<Op> OperationNamed(std::string_view name)
 
 std::vector<std::string> OperationNames() { return {std::begin(kNames), std::end(kNames)}; }
 
-bool IsFactory(Op operation)
-{
-    constexpr std::string_view prefix = "TVServiceAPI::Create";
-    return std::string_view(NameOf(operation)).substr(0, prefix.size()) == prefix;
-}
+bool IsFactory(Op operation) { return std::string_view(NameOf(operation)).rfind("TVServiceAPI::Create", 0) == 0; }
 
 } // namespace host

@@ -42,7 +42,6 @@ std::string ShowStep(const TCCriteriaHelper::Step& step)
 } // namespace
 
 std::string Show(bool value) { return value ? "true" : "false"; }
-
 std::string Show(std::string_view text) { return '"' + OneLine(text, /*asLiteral=*/true) + '"'; }
 
 std::string Show(const TSTvMode& mode)

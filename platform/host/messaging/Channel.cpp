@@ -13,8 +13,6 @@ constexpr std::chrono::seconds kCallTimeout(10);
 constexpr std::chrono::seconds kUnresponsiveTimeout(1);
 constexpr std::chrono::milliseconds kOpenTimeout(200); // delays the first prompt
 
-[[noreturn]] void FailCall(const std::string& reason) { throw std::runtime_error("the call failed: " + reason); }
-
 } // namespace
 
 Channel::Channel(std::string objectPath, const char* openStep, std::unique_ptr<Transport> transport)
@@ -46,7 +44,7 @@ std::vector<TCTreeNode> Channel::Call(const std::string& interfaceName, const st
     }
     m_unresponsive = false;
     if (const sd_bus_error* error = sd_bus_message_get_error(reply.get()))
-        FailCall(error->message == nullptr ? error->name : error->message);
+        throw std::runtime_error(std::string("the call failed: ") + (error->message ? error->message : error->name));
     if (sd_bus_message_has_signature(reply.get(), "av") <= 0)
         FailMalformed();
     try {
@@ -56,7 +54,7 @@ std::vector<TCTreeNode> Channel::Call(const std::string& interfaceName, const st
     }
 }
 
-void Channel::FailMalformed() { FailCall("malformed reply"); }
+void Channel::FailMalformed() { throw std::runtime_error("the call failed: malformed reply"); }
 
 void Channel::OpenBy(Clock::time_point end)
 {

@@ -4,12 +4,10 @@
 #include "tvs-api/Types.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cstring>
 #include <iterator>
 #include <numeric>
-#include <optional>
 #include <stdexcept>
 
 namespace host
@@ -47,8 +45,9 @@ class RequestReader
 {
 public:
     /// The tag of a value is its position, the tag of a list element is kElementTag.
-    enum Tags { PLACES, ELEMENTS };
-    explicit RequestReader(const std::vector<TCTreeNode>& values, Tags tags = PLACES) : m_values(values), m_tags(tags)
+    enum Tags { POSITIONS, ELEMENTS };
+    explicit RequestReader(const std::vector<TCTreeNode>& values, Tags tags = POSITIONS)
+        : m_values(values), m_tags(tags)
     {
     }
 
@@ -164,8 +163,9 @@ DebugPrintService::Values DebugPrintService::Execute(RequestReader& request)
     const bool isNumber = error == std::errc{} && stop == word.data() + word.size();
     if (isNumber && id == kExit)
         return {Number(0), TextNode(1, "")};
-    Item* item = isNumber ? FindItem(id) : nullptr;
-    if (item == nullptr)
+    const auto item = std::find_if(m_items.begin(), m_items.end(),
+                                   [&](const Item& candidate) { return isNumber && candidate.id == id; });
+    if (item == m_items.end())
         return {Number(1), TextNode(1, "Not an item of this menu\n" + Screen())};
     item->on = !item->on;
     return {Number(1), TextNode(1, Screen())};
@@ -214,10 +214,12 @@ DebugPrintService::Values DebugPrintService::SetMenuItem(RequestReader& request)
 {
     const Item changed = ReadItem(request);
     request.End();
-    if (FindItem(changed.id) == nullptr)
-        return {Number(0)};
     std::vector<Item> items = m_items;
-    *std::find_if(items.begin(), items.end(), [&](const Item& item) { return item.id == changed.id; }) = changed;
+    const auto item =
+        std::find_if(items.begin(), items.end(), [&](const Item& candidate) { return candidate.id == changed.id; });
+    if (item == items.end())
+        return {Number(0)};
+    *item = changed;
     SetItems(std::move(items));
     return {Number(1)};
 }
@@ -278,27 +280,16 @@ void DebugPrintService::SetItems(std::vector<Item> items)
     m_items = std::move(items);
 }
 
-DebugPrintService::Item* DebugPrintService::FindItem(std::uint32_t id)
-{
-    const auto found = std::find_if(m_items.begin(), m_items.end(), [id](const Item& item) { return item.id == id; });
-    return found == m_items.end() ? nullptr : &*found;
-}
-
 std::string DebugPrintService::Screen() const
 {
-    std::string screen = TCDebugMenuUtility::thickLine;
-    screen += "\t[TV Service Debug Print]\t\n";
-    screen += TCDebugMenuUtility::thinLine;
+    const std::string thick = TCDebugMenuUtility::thickLine, thin = TCDebugMenuUtility::thinLine;
+    std::string screen = thick + "\t[TV Service Debug Print]\t\n" + thin;
     for (const Item& item : m_items)
         screen += " " + std::to_string(item.id) + ". " + item.name + " [" + OnOff(item.on) + "]\n";
-    screen += TCDebugMenuUtility::thinLine;
-    screen += std::string(" QoS: ") + OnOff(m_qos) + "\n";
+    screen += thin + " QoS: " + OnOff(m_qos) + "\n";
     for (const auto& [mode, name] : kDebugModes)
         screen += std::string(" Debug mode ") + name + ": " + OnOff(m_debugModes.count(mode) > 0) + "\n";
-    screen += TCDebugMenuUtility::thinLine;
-    screen += " 99 : Exit\n";
-    screen += TCDebugMenuUtility::thickLine;
-    return screen + "tvs> ";
+    return screen + thin + " 99 : Exit\n" + thick + "tvs> ";
 }
 
 } // namespace host

@@ -47,7 +47,6 @@ private:
     static Item ReadItem(RequestReader& request);
     /// Throws std::invalid_argument if the names are too long for a reply.
     void SetItems(std::vector<Item> items);
-    Item* FindItem(std::uint32_t id);
     std::string Screen() const;
 
     std::vector<Item> m_items;

@@ -29,8 +29,10 @@ void AppendBranch(sd_bus_message* message, const TCTreeBranch& branch)
 
 void AppendVariant(sd_bus_message* message, const TCTreeNode& node)
 {
-    const auto append = [message](const auto& held, const char* type) {
-        Checked(sd_bus_message_open_container(message, 'v', type));
+    static constexpr const char* types[] = {"y", "q", "u", "t", "ay", kBranch};
+    const char* const type = types[node.value.index()];
+    Checked(sd_bus_message_open_container(message, 'v', type));
+    const auto append = [&](const auto& held) {
         using Held = std::decay_t<decltype(held)>;
         if constexpr (std::is_same_v<Held, TCTreeBranch>)
             AppendBranch(message, held);
@@ -38,10 +40,9 @@ void AppendVariant(sd_bus_message* message, const TCTreeNode& node)
             Checked(sd_bus_message_append_array(message, 'y', held.data(), held.size()));
         else
             Checked(sd_bus_message_append_basic(message, type[0], &held));
-        Checked(sd_bus_message_close_container(message));
     };
-    static constexpr const char* types[] = {"y", "q", "u", "t", "ay", kBranch};
-    std::visit([&](const auto& held) { append(held, types[node.value.index()]); }, node.value);
+    std::visit(append, node.value);
+    Checked(sd_bus_message_close_container(message));
 }
 
 // Reads variants. The number of nodes is limited because a node takes many times the memory of a short value.

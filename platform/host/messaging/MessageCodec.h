@@ -1,4 +1,4 @@
-// Converts trees to D-Bus messages and back: a plain value is a variant of its width, a branch is a variant with `a(nv)`.
+// Trees in D-Bus messages: a plain value is a variant of its width, a branch is a variant with `a(nv)`.
 #pragma once
 
 #include "tvs-api-internal/Tree.h"

@@ -1,4 +1,4 @@
-// The connection and the call builder of the platform API.
+// Connections and remote calls of the platform API.
 #include "tvs-api-internal/Messaging.h"
 
 #include "host/call/Operation.h"
@@ -16,12 +16,11 @@ namespace
 
 bool AnyMismatch(const TCTreeBranch& branch)
 {
-    for (const TCTreeNode& child : branch.GetChildren()) {
+    const auto& children = branch.GetChildren();
+    return std::any_of(children.begin(), children.end(), [](const TCTreeNode& child) {
         const auto* below = std::get_if<TCTreeBranch>(&child.value);
-        if (child.mismatched || (below != nullptr && AnyMismatch(*below)))
-            return true;
-    }
-    return false;
+        return child.mismatched || (below != nullptr && AnyMismatch(*below));
+    });
 }
 
 template <class Values> std::vector<TCTreeNode> MakeRequest(const Values& values)
@@ -42,7 +41,7 @@ template <class Values> std::vector<TCTreeNode> MakeRequest(const Values& values
     return request;
 }
 
-// Writes the values of the reply; returns false if it is malformed. Checks the types of all values before it writes one.
+// Writes the values of the reply; returns false if it is malformed. Checks all types before it writes a value.
 template <class Values> bool TakeReply(const Values& values, std::vector<TCTreeNode>&& reply)
 {
     DefaultNodeCreator plain;

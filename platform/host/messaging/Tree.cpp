@@ -22,7 +22,6 @@ bool TCMarshalable::TreeToClass(TCTreeBranch&) { return false; }
 int TCMarshalable::GetMarshalableStorageType() { return 0; }
 bool TCMarshalable::Store(TCMessageBuffer*) { return false; }
 bool TCMarshalable::Load(TCMessageBuffer*) { return false; }
-
 TCTreeNode::TCTreeNode(short nodeTag, Value nodeValue) : tag(nodeTag), value(std::move(nodeValue)) {}
 
 std::size_t TCTreeNode::GetElementCount(std::size_t elementSize) const
@@ -41,9 +40,7 @@ std::size_t TCTreeNode::GetElementCount(std::size_t elementSize) const
 }
 
 void TCTreeBranch::AppendChild(TCTreeNode node) { m_children.push_back(std::move(node)); }
-
 std::vector<TCTreeNode>& TCTreeBranch::GetChildren() { return m_children; }
-
 const std::vector<TCTreeNode>& TCTreeBranch::GetChildren() const { return m_children; }
 
 std::unique_ptr<TCTreeNode> DefaultNodeCreator::CreateNode(void* element, std::size_t size, short tag, int count)
@@ -81,9 +78,7 @@ bool DefaultNodeCreator::FillElement(void* element, std::size_t elementSize, std
 }
 
 bool DefaultNodeCreator::HasCountedElements() const { return false; }
-
 int DefaultNodeCreator::GetKind() const { return 0; }
-
 void DefaultNodeCreator::ReleaseElement(void*) {}
 
 std::unique_ptr<TCTreeNode> TCMarshalableNodeCreator::CreateNode(void* element, std::size_t, short tag, int count)
@@ -97,18 +92,15 @@ std::unique_ptr<TCTreeNode> TCMarshalableNodeCreator::CreateNode(void* element, 
 bool TCMarshalableNodeCreator::FillElement(void* element, std::size_t, std::size_t, TCTreeNode& node)
 {
     auto* branch = std::get_if<TCTreeBranch>(&node.value);
-    // Only elements of containers are filled here, and those carry no number of their own.
+    // Only elements of containers are filled here; their tag is -1.
     node.mismatched =
         node.tag != -1 || branch == nullptr || !static_cast<TIMarshalable*>(element)->TreeToClass(*branch);
     return !node.mismatched;
 }
 
 int TCMarshalableNodeCreator::GetKind() const { return 1; }
-
 TCTreeFormatter::TCTreeFormatter(TCTreeBranch& branch) : m_branch(branch) {}
-
 bool TCTreeFormatter::Extract() { return true; }
-
 bool TCTreeFormatter::FillOut() { return true; }
 
 void TCClassToTreeFormatter::Append(const std::unique_ptr<TCTreeNode>& node)

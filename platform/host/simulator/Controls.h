@@ -1,4 +1,4 @@
-// What the simulator's control objects share. Each is a class with its factory in the same file.
+// The base of the simulator's control objects, and their factories. A factory is defined in the file of its class.
 #pragma once
 
 #include "host/simulator/Simulator.h"
@@ -8,7 +8,7 @@
 namespace host
 {
 
-/// The base of a control object: the simulator, and the pipeline of those that have one.
+/// The base of a control object. The pipeline is the default one for an object without a pipeline.
 template <class Interface> class Control : public Interface
 {
 public:
@@ -33,7 +33,7 @@ protected:
     const Pipeline m_pipeline;
 };
 
-/// The call of a factory: makes an Object for that profile and screen id, or for no pipeline if there are none.
+/// The work of a factory: creates an Object for that profile and screen id, or without a pipeline if there are none.
 template <class Object, class Interface, class... ProfileAndScreenId>
 int Create(Op factory, Interface** written, ProfileAndScreenId... arguments)
 {
@@ -49,3 +49,15 @@ int Create(Op factory, Interface** written, ProfileAndScreenId... arguments)
 }
 
 } // namespace host
+
+// The factory of host::NAME, with and without a pipeline.
+#define PIPELINE_FACTORY(NAME)                                                                                         \
+    int TVServiceAPI::Create##NAME(EProfile profile, int screenId, I##NAME** object)                                   \
+    {                                                                                                                  \
+        return host::Create<host::NAME>(host::Op::TVServiceAPI_Create##NAME, object, profile, screenId);               \
+    }
+#define FACTORY(NAME)                                                                                                  \
+    int TVServiceAPI::Create##NAME(I##NAME** object)                                                                   \
+    {                                                                                                                  \
+        return host::Create<host::NAME>(host::Op::TVServiceAPI_Create##NAME, object);                                  \
+    }

@@ -1,4 +1,4 @@
-// A pipeline as callers name it.
+// The pipeline of a control object.
 #pragma once
 
 #include "tvs-api/Types.h"
@@ -8,7 +8,7 @@
 namespace host
 {
 
-/// Factories take screen ids of 32 bits, all of them different pipelines; signals and status carry the low 16 bits.
+/// Factories take screen ids of 32 bits, each a pipeline of its own; signals and the status have only the low 16 bits.
 struct Pipeline {
     EProfile profile = PROFILE_MAIN;
     std::int32_t screenId = 0;

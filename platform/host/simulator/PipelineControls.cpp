@@ -174,38 +174,10 @@ public:
 } // namespace
 } // namespace host
 
-int TVServiceAPI::CreateSourceControl(EProfile profile, int screenId, ISourceControl** control)
-{
-    return host::Create<host::SourceControl>(host::Op::TVServiceAPI_CreateSourceControl, control, profile, screenId);
-}
-
-int TVServiceAPI::CreateAVControl(EProfile profile, int screenId, IAVControl** control)
-{
-    return host::Create<host::AVControl>(host::Op::TVServiceAPI_CreateAVControl, control, profile, screenId);
-}
-
-int TVServiceAPI::CreateVideoControl(EProfile profile, int screenId, IVideoControl** control)
-{
-    return host::Create<host::VideoControl>(host::Op::TVServiceAPI_CreateVideoControl, control, profile, screenId);
-}
-
-int TVServiceAPI::CreateTunerControl(EProfile profile, int screenId, ITunerControl** control)
-{
-    return host::Create<host::TunerControl>(host::Op::TVServiceAPI_CreateTunerControl, control, profile, screenId);
-}
-
-int TVServiceAPI::CreateDataControl(EProfile profile, int screenId, IDataControl** control)
-{
-    return host::Create<host::DataControl>(host::Op::TVServiceAPI_CreateDataControl, control, profile, screenId);
-}
-
-int TVServiceAPI::CreateReferenceCount(EProfile profile, int screenId, IReferenceCount** count)
-{
-    return host::Create<host::ReferenceCount>(host::Op::TVServiceAPI_CreateReferenceCount, count, profile, screenId);
-}
-
-int TVServiceAPI::CreatePipelineUtility(EProfile profile, int screenId, IPipelineUtility** utility)
-{
-    return host::Create<host::PipelineUtility>(host::Op::TVServiceAPI_CreatePipelineUtility, utility, profile,
-                                               screenId);
-}
+PIPELINE_FACTORY(SourceControl)
+PIPELINE_FACTORY(AVControl)
+PIPELINE_FACTORY(VideoControl)
+PIPELINE_FACTORY(TunerControl)
+PIPELINE_FACTORY(DataControl)
+PIPELINE_FACTORY(ReferenceCount)
+PIPELINE_FACTORY(PipelineUtility)

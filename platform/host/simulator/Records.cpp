@@ -7,9 +7,7 @@
 #include <utility>
 
 TCTag::TCTag(std::uint32_t value) : m_hasData(true) { std::memcpy(m_data, &value, sizeof value); }
-
 TCTag::TCTag(std::uint64_t value) : m_hasData(true) { std::memcpy(m_data, &value, sizeof value); }
-
 const void* TCTag::GetData() const { return m_hasData ? m_data : nullptr; }
 
 const TCTag* TCTagSet::GetTag(int number) const
@@ -20,7 +18,6 @@ const TCTag* TCTagSet::GetTag(int number) const
 }
 
 void TCTagSet::AddTag(int number, const TCTag& tag) { m_tags.emplace_back(number, tag); }
-
 const TCTagSet* TCServiceData::GetTagSet() const { return m_tags ? &*m_tags : nullptr; }
 
 void TCServiceData::AddTag(int number, const TCTag& tag)
@@ -41,11 +38,8 @@ bool TCProgramData::Title(unsigned short* buffer, unsigned int* length) const
 }
 
 void TCProgramData::SetTitle(std::u16string title) { m_title = std::move(title); }
-
 void TCCriteriaHelper::Where(int field, int value) { m_steps.push_back({Step::WHERE, field, value}); }
-
 void TCCriteriaHelper::WhereNot(int field, int value) { m_steps.push_back({Step::WHERE_NOT, field, value}); }
-
 void TCCriteriaHelper::Fetch(int field) { m_steps.push_back({Step::FETCH, field, 0}); }
 
 void TCNavigationModeHelper::GetNavigationCriteria(ENavigationMode mode, TCCriteriaHelper& criteria,
@@ -63,10 +57,9 @@ int TCServiceUtility::AntennaModeToDigitalChannelType(EAntennaMode antenna)
         return 4;
     case ANTENNA_MODE_SATELLITE:
         return 6;
-    case ANTENNA_MODE_UNKNOWN:
-        break;
+    default:
+        return 0;
     }
-    return 0;
 }
 
 EServiceMode TCServiceUtility::ServiceProfileToServiceMode(EServiceProfile profile)

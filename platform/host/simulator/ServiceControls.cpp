@@ -165,23 +165,7 @@ public:
 } // namespace
 } // namespace host
 
-int TVServiceAPI::CreateService(IService** service)
-{
-    return host::Create<host::Service>(host::Op::TVServiceAPI_CreateService, service);
-}
-
-int TVServiceAPI::CreateServiceNavigation(EProfile profile, int screenId, IServiceNavigation** navigation)
-{
-    return host::Create<host::ServiceNavigation>(host::Op::TVServiceAPI_CreateServiceNavigation, navigation, profile,
-                                                 screenId);
-}
-
-int TVServiceAPI::CreateServiceGuide(IServiceGuide** guide)
-{
-    return host::Create<host::ServiceGuide>(host::Op::TVServiceAPI_CreateServiceGuide, guide);
-}
-
-int TVServiceAPI::CreateScanControl(IScanControl** control)
-{
-    return host::Create<host::ScanControl>(host::Op::TVServiceAPI_CreateScanControl, control);
-}
+FACTORY(Service)
+PIPELINE_FACTORY(ServiceNavigation)
+FACTORY(ServiceGuide)
+FACTORY(ScanControl)

@@ -14,23 +14,18 @@
 
 namespace host
 {
-namespace
-{
-
-constexpr std::chrono::seconds kExitFlushTimeout(1); // a callback that hangs must not keep the process
-
-} // namespace
+constexpr std::chrono::seconds kExitFlushTimeout(1); // limits the wait for a callback that hangs
 
 class SignalHub::Subscription : public ISignalSubscriber
 {
 public:
-    Subscription(std::mutex& hubMutex, SignalCallback callback) : m_hubMutex(hubMutex), m_callback(callback) {}
+    explicit Subscription(SignalCallback callback) : m_callback(callback) {}
 
     int AddSignal(ESignalType type, int reserved1, int profile, int reserved2, int reserved3) override
     {
         return Operation(Op::ISignalSubscriber_AddSignal, With(type, reserved1, profile, reserved2, reserved3),
                          [&](Outputs&) {
-                             const std::lock_guard<std::mutex> lock(m_hubMutex);
+                             const std::lock_guard<std::mutex> lock(Instance().m_mutex);
                              m_types.insert(type);
                              return 1;
                          });
@@ -39,14 +34,14 @@ public:
     int RemoveSignal(ESignalType type, int profile, int reserved1, int reserved2) override
     {
         return Operation(Op::ISignalSubscriber_RemoveSignal, With(type, profile, reserved1, reserved2), [&](Outputs&) {
-            const std::lock_guard<std::mutex> lock(m_hubMutex);
+            const std::lock_guard<std::mutex> lock(Instance().m_mutex);
             m_types.erase(type);
             return 1;
         });
     }
 
     const SignalCallback& Callback() const { return m_callback; }
-    /// Under the hub's mutex.
+    /// The caller holds the hub's mutex.
     bool Has(ESignalType type) const { return m_types.count(type) > 0; }
 
     void Deliver(const Event& event)
@@ -74,10 +69,9 @@ public:
     }
 
 private:
-    std::mutex& m_hubMutex;
     const SignalCallback m_callback;
     std::set<ESignalType> m_types;
-    std::recursive_mutex m_running; // held while the callback runs, which may end its own subscription
+    std::recursive_mutex m_running; // held during the callback; recursive because the callback may end its subscription
     bool m_alive = true;
 };
 
@@ -99,7 +93,7 @@ ISignalSubscriber* SignalHub::Subscribe(SignalCallback callback)
     const auto found = m_Find(callback);
     if (found != m_subscriptions.end())
         return found->get();
-    return m_subscriptions.emplace_back(std::make_shared<Subscription>(m_mutex, callback)).get();
+    return m_subscriptions.emplace_back(std::make_shared<Subscription>(callback)).get();
 }
 
 void SignalHub::Unsubscribe(SignalCallback callback)
@@ -113,7 +107,7 @@ void SignalHub::Unsubscribe(SignalCallback callback)
         ended = std::move(*found);
         m_subscriptions.erase(found);
     }
-    ended->End(); // outside the mutex: the callback that it waits for may use the hub
+    ended->End(); // without the mutex: it waits for the callback, which may use the hub
 }
 
 std::size_t SignalHub::UnsubscribeAll()
@@ -130,25 +124,20 @@ std::size_t SignalHub::UnsubscribeAll()
 
 void SignalHub::Raise(ESignalType type, const Pipeline& pipeline, const TSSignalData& data)
 {
-    const auto& scripted = Host::Instance().scenario.signals;
-    const auto given = scripted.find(type);
+    const auto& dataByType = Host::Instance().scenario.signals;
+    const auto found = dataByType.find(type);
     const std::lock_guard<std::mutex> lock(m_mutex);
     for (const auto& subscription : m_subscriptions) {
         if (!subscription->Has(type))
             continue;
         const bool own = std::holds_alternative<TSignalCallback>(subscription->Callback());
         (own ? m_ownEvents : m_mainEvents)
-            .push_back({subscription, type, pipeline, given == scripted.end() ? data : given->second});
+            .push_back({subscription, type, pipeline, found == dataByType.end() ? data : found->second});
         if (own) {
             m_StartDispatcher();
             m_raised.notify_one();
         } else {
-            // The event itself is in the queue, which the mutex guards; the source only makes the context run once more.
-            GSource* source = g_idle_source_new();
-            g_source_set_priority(source, G_PRIORITY_DEFAULT);
-            g_source_set_callback(source, m_DispatchOnMainContext, nullptr, nullptr);
-            g_source_attach(source, nullptr);
-            g_source_unref(source);
+            g_idle_add_full(G_PRIORITY_DEFAULT, m_DispatchOnMainContext, nullptr, nullptr);
         }
     }
 }
@@ -158,7 +147,7 @@ void SignalHub::m_StartDispatcher()
     if (m_dispatcherStarted)
         return;
     std::thread([this] { m_Dispatch(); }).detach();
-    // Signals that are still queued when the program ends are delivered first, unless that takes too long.
+    // At exit, queued signals are still delivered, unless that takes too long.
     std::atexit([] { Instance().m_WaitUntilDispatched(); });
     m_dispatcherStarted = true;
 }

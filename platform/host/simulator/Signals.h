@@ -16,20 +16,19 @@ namespace host
 
 using SignalCallback = std::variant<TSignalCallback, TPipelineSignalCallback>;
 
-/// All operations may be called on any thread. Made on first use and never destroyed.
+/// Created on first use and never destroyed. All operations: any thread.
 class SignalHub
 {
 public:
     static SignalHub& Instance();
 
-    /// The subscription of that callback, made if it has none. Belongs to the hub.
+    /// Returns the subscription of that callback, and creates it if there is none. Owned by the hub.
     ISignalSubscriber* Subscribe(SignalCallback callback);
-    /// Ends the subscription; waits for its callback if that is running on another thread.
+    /// Ends the subscription. Waits while its callback runs on another thread.
     void Unsubscribe(SignalCallback callback);
-    /// Ends every subscription and returns how many there were.
+    /// Ends all subscriptions and returns their number.
     std::size_t UnsubscribeAll();
-    /// Queues the signal for every subscription that has its type now, and returns. Data that the scenario sets for
-    /// the type replaces `data`.
+    /// Queues the signal for every subscription that has its type. Data of the scenario for that type replaces `data`.
     void Raise(ESignalType type, const Pipeline& pipeline, const TSSignalData& data);
 
 private:
@@ -48,7 +47,7 @@ private:
     void m_WaitUntilDispatched();
     static int m_DispatchOnMainContext(void*);
 
-    std::mutex m_mutex; // guards all below, and the types of every subscription
+    std::mutex m_mutex; // guards the members below and the types of all subscriptions
     std::vector<std::shared_ptr<Subscription>> m_subscriptions;
     std::deque<Event> m_ownEvents;  // for three-argument callbacks, on the dispatcher thread
     std::deque<Event> m_mainEvents; // for five-argument callbacks, on the default main context

@@ -60,16 +60,8 @@ bool Simulator::Matches(const ScenarioService& service, const TCCriteriaHelper& 
     using Step = TCCriteriaHelper::Step;
     const auto& steps = criteria.GetSteps();
     return std::all_of(steps.begin(), steps.end(), [&](const Step& step) {
-        switch (step.kind) {
-        case Step::WHERE:
-            return Has(service, step.field, step.value);
-        case Step::WHERE_NOT:
-            return !Has(service, step.field, step.value);
-        case Step::NAVIGATION:
-        case Step::FETCH:
-            break;
-        }
-        return true;
+        return (step.kind != Step::WHERE || Has(service, step.field, step.value)) &&
+               (step.kind != Step::WHERE_NOT || !Has(service, step.field, step.value));
     });
 }
 

@@ -18,7 +18,7 @@ namespace host
 
 struct PipelineState {
     TCPipelineInfo info;
-    std::optional<TSTvMode> mode; ///< none: the scenario's
+    std::optional<TSTvMode> mode; ///< none: the mode of the scenario
 };
 
 struct ZoomWindow {
@@ -27,32 +27,32 @@ struct ZoomWindow {
     bool muted = false;
 };
 
-/// A control object that a factory has made.
+/// A control object that is not released yet.
 struct LiveControl {
     std::unique_ptr<ITvsSession> object;
     Op factory;
     std::optional<Pipeline> pipeline;
 };
 
-/// What the TV service remembers. It outlives the control objects that changed it.
+/// State that outlives the control objects that changed it.
 struct SimulatorState {
     std::map<Pipeline, PipelineState> pipelines;
     std::map<int, ZoomWindow> zoomWindows;
     int lastZoomWindow = 0;
-    std::map<std::pair<EStateChange, std::string>, bool> registrations; ///< true: has notified
+    std::map<std::pair<EStateChange, std::string>, bool> registrations; ///< true: the application has notified
     std::unordered_map<const ITvsSession*, LiveControl> controls;
 };
 
-/// Made on first use and never destroyed. The state is read and changed only in the work of a Call.
+/// Created on first use and never destroyed. The state is used only in the work of a Call.
 class Simulator : public SimulatorState
 {
 public:
     static Simulator& Instance();
 
-    /// Forgets everything and starts anew with the host's scenario.
+    /// Resets the state to that of the current scenario.
     void Restart();
 
-    /// A platform call whose work uses the state; calls run one after the other.
+    /// Runs a platform call whose work uses the state. Only one call runs at a time.
     template <class... Arguments, class Work>
     auto Call(Op operation, const std::tuple<Arguments...>& arguments, Work&& work)
     {
@@ -60,19 +60,19 @@ public:
         return Operation(operation, arguments, std::forward<Work>(work));
     }
 
-    /// The name of a control object's interface; "unknown" for what is not one.
+    /// The name of the interface of a control object; "unknown" if it is not one.
     std::string InterfaceOf(const ITvsSession* control);
 
     const Scenario& Tv() const { return Host::Instance().scenario; }
     /// The first service with that id, or null.
     const ScenarioService* FindService(unsigned long long id) const;
-    /// Whether the service meets every condition.
+    /// Whether the service meets all conditions.
     static bool Matches(const ScenarioService& service, const TCCriteriaHelper& criteria);
     /// Fills in the fields that the criteria fetches.
     static void Fetch(const ScenarioService& service, const TCCriteriaHelper& criteria, TCServiceData& data);
 
     TSTvMode Mode(const Pipeline& pipeline) const;
-    /// Remembers the source and raises what the tuner reports.
+    /// Stores the source and raises the signals of the tuner.
     void SetSource(const Pipeline& pipeline, ESource source, std::optional<unsigned long long> serviceId);
 
 private:

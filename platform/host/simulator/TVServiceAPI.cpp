@@ -38,7 +38,6 @@ int TVServiceAPI::CreateSignalSubscriber(TPipelineSignalCallback callback, ISign
 }
 
 void TVServiceAPI::DestroySignalSubscriber(TSignalCallback callback) { Unsubscribe(callback); }
-
 void TVServiceAPI::DestroySignalSubscriber(TPipelineSignalCallback callback) { Unsubscribe(callback); }
 
 void TVServiceAPI::Destroy(ITvsSession* session)

@@ -57,14 +57,12 @@ public:
     int UpdateZoomWindowSize(int windowId, const TSRectInfo& source, const TSRectInfo& destination,
                              const TSRectInfo& main) override
     {
-        return m_tv.Call(Op::IZoomControl_UpdateZoomWindowSize, With(windowId, source, destination, main),
-                         [&](Outputs&) {
-                             return m_WithWindow(windowId, [&](ZoomWindow& window) {
-                                 window.source = source;
-                                 window.destination = destination;
-                                 window.main = main;
-                             });
-                         });
+        return m_tv.Call(
+            Op::IZoomControl_UpdateZoomWindowSize, With(windowId, source, destination, main), [&](Outputs&) {
+                return m_WithWindow(windowId, [&](ZoomWindow& window) {
+                    std::tie(window.source, window.destination, window.main) = std::tie(source, destination, main);
+                });
+            });
     }
     int GetZoomWindowSize(int windowId, TSRectInfo& source, TSRectInfo& destination, TSRectInfo& main) override
     {
@@ -122,7 +120,4 @@ private:
 } // namespace
 } // namespace host
 
-int TVServiceAPI::CreateZoomControl(EProfile profile, int screenId, IZoomControl** control)
-{
-    return host::Create<host::ZoomControl>(host::Op::TVServiceAPI_CreateZoomControl, control, profile, screenId);
-}
+PIPELINE_FACTORY(ZoomControl)

@@ -1,4 +1,4 @@
-// What all debug menus of the platform use.
+// Helpers of all debug menus of the platform.
 #pragma once
 
 #include <string>
@@ -12,8 +12,8 @@ public:
     /// Whether the word is an optional sign and one or more decimal digits.
     static bool IsNumber(const std::string& word);
 
-    /// Loads the library, calls its entry (`extern "C" void entry()`) on this thread and returns true. Returns false,
-    /// with the reason on standard error, when the library cannot be loaded or has no such entry. An exception of the
+    /// Loads the library, calls its entry (`extern "C" void entry()`) on this thread and returns true. If the library
+    /// cannot be loaded or has no such entry, prints an error on standard error and returns false. An exception of the
     /// entry reaches the caller.
     static bool OpenLibrary(const char* path, const char* entry);
 };

@@ -1,8 +1,8 @@
 // The methods of com.kavrin.IDebugPrintControl, the remote interface to the TV service's own debug menu.
 #pragma once
 
-/// The number of a method, sent with every call beside its name. Consoles and services of different ages meet, so
-/// methods are appended only: a number is neither changed nor used again.
+/// The number of a method. Each call sends it with the name. A console may meet a service of another version, so append
+/// new methods; never change or reuse a number.
 enum EDebugPrintMethod : short {
     DEBUG_PRINT_START = 0,
     DEBUG_PRINT_EXECUTE = 1,
@@ -17,7 +17,7 @@ enum EDebugPrintMethod : short {
     DEBUG_PRINT_IS_DEBUG_MODE_ENABLED = 10,
 };
 
-/// The name of each method; its place is its number.
+/// The names of the methods, in the order of their numbers.
 constexpr const char* kDebugPrintMethodNames[] = {
     "Start",              // 0
     "Execute",            // 1
@@ -32,4 +32,4 @@ constexpr const char* kDebugPrintMethodNames[] = {
     "IsDebugModeEnabled", // 10
 };
 static_assert(sizeof kDebugPrintMethodNames / sizeof *kDebugPrintMethodNames == DEBUG_PRINT_IS_DEBUG_MODE_ENABLED + 1,
-              "a name for every number");
+              "each number has a name");

@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-/// In which message a value travels.
+/// The message that carries a value.
 enum EMarshallingDirection { MARSHALLING_REPLY = 0, MARSHALLING_REQUEST = 1 };
 
-/// A messaging connection to one object of the TV service. It opens at once; where that cannot be done the object
-/// is there all the same and each call tries again. Used by one thread at a time.
+/// A messaging connection to one object of the TV service. The constructor opens it; if that fails, each call tries
+/// again. Used by one thread at a time.
 class TVServiceAPIConnection
 {
 public:
@@ -27,8 +27,8 @@ private:
     std::unique_ptr<Channel> m_channel;
 };
 
-/// The list of values of one remote call, in call order. Values are kept by address: they must stay valid, and
-/// request values unchanged, until the call has run.
+/// The values of one remote call, in order. Stores pointers: the values must stay valid, and request values unchanged,
+/// until the call has run.
 class TCMarshallingHelper
 {
 public:
@@ -50,9 +50,9 @@ protected:
 class TCMarshallingHelperProxy : public TCMarshallingHelper
 {
 public:
-    /// Sends the request values, waits up to 10 seconds for the reply and writes the reply values. False on any
-    /// failure: no connection (null included), an error reply, or a reply of another form than the values pushed.
-    /// The last bool is reserved, false.
+    /// Sends the request values, waits for the reply (timeout 10 s) and writes the reply values. Returns false if there
+    /// is no connection (or it is null), and for an error reply or a reply that does not match the pushed values. The
+    /// last bool is reserved, false.
     bool Run(TVServiceAPIConnection* connection, std::string& interfaceName, const std::string& method, short number,
              bool reserved);
 };

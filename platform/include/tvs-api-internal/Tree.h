@@ -1,4 +1,4 @@
-// The message tree, and what writes objects into it and reads them back.
+// The message tree, and the classes that write objects into it and read them from it.
 #pragma once
 
 #include "tvs-api-internal/Marshalable.h"
@@ -33,10 +33,10 @@ public:
 
     TCTreeNode(short nodeTag, Value nodeValue);
 
-    /// How many elements of that many bytes the node holds: 0 for a branch.
+    /// The number of elements of that size in bytes; 0 for a branch.
     std::size_t GetElementCount(std::size_t elementSize) const;
 
-    short tag; ///< number of the value in its branch; -1 for an element of a container
+    short tag; ///< position in the branch; -1 for an element of a container
     Value value;
     bool mismatched = false; ///< an element could not be filled from this node
 };
@@ -46,19 +46,19 @@ class DefaultNodeCreator
 {
 public:
     virtual ~DefaultNodeCreator() = default;
-    /// A node with `count` (1) elements of `size` bytes from `element`, or none if that cannot be.
+    /// A node with `count` elements of `size` bytes from `element`; null if `count` is not 1 or the size is not valid.
     virtual std::unique_ptr<TCTreeNode> CreateNode(void* element, std::size_t size, short tag, int count);
-    /// Fills the element from the node; false, and nothing is written, if the node has another form.
+    /// Fills the element from the node. If the node does not match, writes nothing and returns false.
     virtual bool FillElement(void* element, std::size_t elementSize, std::size_t byteSize, TCTreeNode& node);
-    /// Whether one node carries several elements.
+    /// Whether one node can hold several elements.
     virtual bool HasCountedElements() const;
-    /// 7 and 8 ask that elements are handed to ReleaseElement before their container is emptied.
+    /// 7 and 8: the elements are passed to ReleaseElement before their container is cleared.
     virtual int GetKind() const;
     virtual void ReleaseElement(void* element);
 };
 
-/// The same for marshalable objects; `element` is the address of a TIMarshalable, one node is one sub-branch.
-/// A node that cannot be filled is marked, because containers never report failure.
+/// The same for marshalable objects: `element` points to a TIMarshalable, and a node is one sub-branch. A node that
+/// does not match its element is marked, because containers never fail.
 class TCMarshalableNodeCreator : public DefaultNodeCreator
 {
 public:
@@ -67,7 +67,7 @@ public:
     int GetKind() const override;
 };
 
-/// Bound to one branch, walks the values of one object. After the first failure nothing more is read or written.
+/// Reads or writes the values of one object in a branch, in order. After the first failure it does nothing.
 class TCTreeFormatter
 {
 public:
@@ -92,23 +92,23 @@ public:
     void PushValue(short tag, int width, void* value);
     void PushLengthArray(short tag, int length, void* data, TILengthInfoContainer* lengthInfo);
     void PushMarshalableClass(short tag, TIMarshalable* object);
-    /// Ends the writing; true if every push went well.
+    /// Ends the writing; returns true if every push succeeded.
     bool Extract() override;
 
 private:
     void Append(const std::unique_ptr<TCTreeNode>& node);
 };
 
-/// Branch into object; each value is filled at its push, in the order of the children.
+/// Branch into object. Each push fills its value from the next child.
 class TCTreeToClassFormatter : public TCTreeFormatter
 {
 public:
     using TCTreeFormatter::TCTreeFormatter;
     void PushValue(short tag, int width, void* value);
-    /// `data` must point to at least `length` bytes.
+    /// `data` points to at least `length` bytes.
     void PushLengthArray(short tag, int length, void* data, TILengthInfoContainer* lengthInfo);
     void PushMarshalableClass(short tag, TIMarshalable* object);
-    /// Ends the reading; true if every push found its value and no child is left over.
+    /// Ends the reading; returns true if every push succeeded and no child is left.
     bool FillOut() override;
 
 private:

@@ -1,5 +1,5 @@
-// Control interfaces of one pipeline. Every operation is synchronous; unless its line says otherwise it returns
-// a number above 0 on success, and may throw std::exception when the TV service fails.
+// Control interfaces of one pipeline. Every operation is synchronous, returns a number above 0 on success unless
+// documented otherwise, and may throw std::exception when the TV service fails.
 #pragma once
 
 #include "tvs-api/ITvsSession.h"
@@ -12,25 +12,25 @@
 class ISourceControl : public ITvsSession
 {
 public:
-    /// Switches the input. The text holds options of the source, empty for none.
+    /// Switches the input. `options` are options of the source, empty for none.
     virtual int SetSource(ESource source, const std::string& options) = 0;
-    /// Switches the input and, for the tuner, to this service.
+    /// Switches the input and, for the tuner, the service.
     virtual int SetSource(ESource source, unsigned long long serviceId, const std::string& options) = 0;
     /// Fills in the current input.
     virtual int GetSource(ESource& source) = 0;
-    /// As SetSource, for a preview; 1 is success.
+    /// The same as SetSource, for a preview; 1 is success.
     virtual int SetPreviewSource(ESource source, const std::string& options) = 0;
     virtual int SetPreviewSource(ESource source, unsigned long long serviceId, const std::string& options) = 0;
-    /// To be called in this order before a service is forced onto a pipeline: stops the current source, ...
+    /// To use a pipeline that may be in use, call these three in order. Stops the current source.
     virtual int StopCurrentSource() = 0;
-    /// ... releases its decoders so that the new source can claim them, ...
+    /// Releases its decoders for the new source.
     virtual int ReleaseDecoders() = 0;
-    /// ... and takes the pipeline from whoever holds it.
+    /// Takes the pipeline from its current user.
     virtual int ClaimPipeline() = 0;
-    /// Starts or stops reports on the signal of an input that is not shown.
+    /// Starts or stops monitoring the signal of an input that is not shown.
     virtual int StartSourceMonitoring(ESource source) = 0;
     virtual int StopSourceMonitoring(ESource source) = 0;
-    /// Keeps the input's sound during a video call.
+    /// Keeps the sound of the input on during a video call.
     virtual int SetSoundOnVideoCall(bool on) = 0;
     /// Starts or stops capturing an HDMI input for analysis.
     virtual int StartHDMIAnalysis(ESource source) = 0;
@@ -61,7 +61,7 @@ public:
     virtual int SetWindowId(const int& windowId) = 0;
 };
 
-/// Zoom windows: a part of the picture shown enlarged. Windows belong to the TV service and outlive the control.
+/// Zoom windows, which show an enlarged part of the picture. The TV service owns them; they outlive the control.
 class IZoomControl : public ITvsSession
 {
 public:
@@ -75,7 +75,7 @@ public:
     virtual int IsZoomWindowMuted(int windowId, bool& muted) = 0;
     virtual int UpdateZoomWindowSize(int windowId, const TSRectInfo& source, const TSRectInfo& destination,
                                      const TSRectInfo& main) = 0;
-    /// Fills in the rectangles the window was last given.
+    /// Fills in the current rectangles of the window.
     virtual int GetZoomWindowSize(int windowId, TSRectInfo& source, TSRectInfo& destination, TSRectInfo& main) = 0;
     virtual int IsZoomAvailable(bool& available) = 0;
     virtual int GetZoomSharingAvailableType(int& type) = 0;
@@ -100,11 +100,11 @@ public:
 class IReferenceCount : public ITvsSession
 {
 public:
-    /// Fills in how many control objects hold the pipeline.
+    /// Fills in the number of control objects of the pipeline.
     virtual int GetReferenceCount(int& count) = 0;
 };
 
-/// Life of a pipeline, and the applications that take part in its changes. 1 is success.
+/// State of the pipelines, and the applications that take part in their changes. 1 is success.
 class IPipelineUtility : public ITvsSession
 {
 public:
@@ -118,6 +118,6 @@ public:
     /// The last value is reserved, 0.
     virtual int RegisterForStateChange(EStateChange kind, const std::string& application, int reserved) = 0;
     virtual int UnregisterFromStateChange(EStateChange kind, const std::string& application) = 0;
-    /// Fills in whether a registered application has yet to notify.
+    /// Fills in whether a registered application has not notified yet.
     virtual int CheckPendingState(EStateChange kind, bool& pending) = 0;
 };

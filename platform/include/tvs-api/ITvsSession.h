@@ -1,7 +1,6 @@
 #pragma once
 
-/// A control object of the TV service. Made by a factory of TVServiceAPI, released with TVServiceAPI::Destroy
-/// and nothing else.
+/// A control object of the TV service. Created by a factory of TVServiceAPI, released only with TVServiceAPI::Destroy.
 class ITvsSession
 {
 public:

@@ -1,15 +1,15 @@
-// Building queries to the service database.
+// Queries of the service database.
 #pragma once
 
 #include "tvs-api/Types.h"
 
 #include <vector>
 
-/// A query: conditions that all hold, and the fields to deliver. Fields are numbered as in a service record.
+/// A query: conditions, all of which must hold, and the fields to fetch. Fields have the numbers of a service record.
 class TCCriteriaHelper
 {
 public:
-    /// One call, kept in the order of the calls.
+    /// One call of Where, WhereNot, Fetch or GetNavigationCriteria.
     struct Step {
         enum Kind { NAVIGATION, WHERE, WHERE_NOT, FETCH };
         Kind kind;
@@ -35,7 +35,7 @@ private:
 class TCNavigationModeHelper
 {
 public:
-    /// Puts the conditions of a navigation mode into `criteria`.
+    /// Adds the conditions of a navigation mode to `criteria`.
     static void GetNavigationCriteria(ENavigationMode mode, TCCriteriaHelper& criteria, ENavigationSortMode sort);
 };
 

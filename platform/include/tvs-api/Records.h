@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-/// A TV mode: antenna and kind of service. Both -1 where the current mode is meant or to be filled in.
+/// A TV mode: antenna and kind of service. Both -1: the current mode, or a mode to fill in.
 struct TSTvMode : TCMarshalable {
     TSTvMode(EAntennaMode antenna, EServiceMode service) : antennaMode(antenna), serviceMode(service) {}
 
@@ -30,7 +30,7 @@ struct TSRectInfo : TCMarshalable {
     std::int32_t height = 0;
 };
 
-/// One field of a service record. Lists hold very many of them, so the value is kept inside.
+/// One field of a service record. Lists have very many fields, so a tag stores its value without an allocation.
 class TCTag
 {
 public:
@@ -40,7 +40,7 @@ public:
     explicit TCTag(std::uint32_t value);
     explicit TCTag(std::uint64_t value);
 
-    /// The value, owned by the tag: 64 bits for the service id (12), 32 bits otherwise; null if it has none.
+    /// The value, owned by the tag: 64 bits for the service id (12), 32 bits otherwise; null if there is none.
     const void* GetData() const;
 
 private:
@@ -52,9 +52,9 @@ private:
 class TCTagSet
 {
 public:
-    /// The field, owned by the set; null if it is not there.
+    /// The field, owned by the set; null if there is none.
     const TCTag* GetTag(int number) const;
-    /// Adds a field that is not there yet.
+    /// Adds a new field.
     void AddTag(int number, const TCTag& tag);
 
 private:
@@ -67,7 +67,7 @@ class TCServiceData
 public:
     /// The fields that were fetched, owned by the record; null if there are none.
     const TCTagSet* GetTagSet() const;
-    /// Adds a field that is not there yet. The first one creates the tag set.
+    /// Adds a new field. The first one creates the tag set.
     void AddTag(int number, const TCTag& tag);
 
 private:
@@ -78,8 +78,8 @@ private:
 class TCProgramData
 {
 public:
-    /// Copies the title in UTF-16 to `buffer`, without a terminating zero. `length` is the capacity on entry and
-    /// the title's length on return, both in 16-bit units; a longer title is cut. False if there is no title.
+    /// Copies the title in UTF-16 to `buffer`, without a terminating zero. `length` is the capacity on entry and the
+    /// length of the title on return, in 16-bit units; a longer title is truncated. Returns false if there is no title.
     bool Title(unsigned short* buffer, unsigned int* length) const;
     /// Sets the title.
     void SetTitle(std::u16string title);
@@ -88,7 +88,7 @@ private:
     std::u16string m_title;
 };
 
-/// What one pipeline plays.
+/// Source and service of one pipeline.
 struct TCPipelineInfo {
     ESource source = SOURCE_TV;
     unsigned long long serviceId = INVALID_SERVICE_ID;

@@ -4,13 +4,13 @@
 #include "tvs-api/Controls.h"
 #include "tvs-api/Services.h"
 
-/// Receives signals on a thread of the library's own; returns 0.
+/// Receives signals on a thread of the library. Returns 0.
 using TSignalCallback = int (*)(ESignalType type, TSSignalData data, void* userData);
-/// Receives signals with their pipeline on the default GLib main context; returns 0.
+/// Receives signals and their pipeline on the default GLib main context. Returns 0.
 using TPipelineSignalCallback = int (*)(ESignalType type, EProfile profile, unsigned short screenId, TSSignalData data,
                                         void* userData);
 
-/// A subscription; it carries no signal until one is added. The numbers around the profile are reserved, 0.
+/// A subscription; at first without signals. The reserved numbers are 0.
 class ISignalSubscriber
 {
 public:
@@ -22,9 +22,9 @@ public:
 class TVServiceAPI
 {
 public:
-    // Each factory returns 0 and writes an object that the caller releases with Destroy. Any other result, and a
-    // pointer left null, is failure; an object written all the same is the caller's to release. Those with a
-    // profile and a screen id make an object for that pipeline.
+    // A factory writes an object and returns 0. Any other result is a failure, and so is a null object. The caller
+    // releases the object with Destroy, also after a failure that wrote one. A factory with a profile and a screen id
+    // creates the object for that pipeline.
     static int CreateService(IService** service);
     static int CreateServiceNavigation(EProfile profile, int screenId, IServiceNavigation** navigation);
     static int CreateSourceControl(EProfile profile, int screenId, ISourceControl** control);
@@ -38,12 +38,12 @@ public:
     static int CreateReferenceCount(EProfile profile, int screenId, IReferenceCount** count);
     static int CreatePipelineUtility(EProfile profile, int screenId, IPipelineUtility** utility);
 
-    /// Opens the subscription of that callback, or joins the one that it has. The subscriber belongs to the TV
-    /// service. 0 is success.
+    /// Writes the subscriber of that callback, and creates it if there is none. The TV service owns it. Returns 0 on
+    /// success.
     static int CreateSignalSubscriber(TSignalCallback callback, ISignalSubscriber** subscriber);
     static int CreateSignalSubscriber(TPipelineSignalCallback callback, ISignalSubscriber** subscriber);
-    /// Ends the subscription of that callback and its subscribers: when this returns the callback is not running
-    /// and will not run again (unless it is the callback itself that calls).
+    /// Ends the subscription of that callback and destroys its subscriber. After it returns, the callback is not
+    /// running (unless it made this call) and will not run again.
     static void DestroySignalSubscriber(TSignalCallback callback);
     static void DestroySignalSubscriber(TPipelineSignalCallback callback);
 

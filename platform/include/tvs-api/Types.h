@@ -1,4 +1,4 @@
-// Numbers and small records that every TV service interface shares.
+// Numbers and small records of all TV service interfaces.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ enum EProfile : std::int32_t {
     PROFILE_CROP = 1001,
 };
 
-/// Input source. Only the sources that programs name are listed; 0 to 47 are valid on a TV set.
+/// Input source. 0 to 47 are valid on a TV set; only some of them have a name here.
 enum ESource : std::int32_t {
     SOURCE_TV = 0,
     SOURCE_AV1 = 1,
@@ -32,7 +32,7 @@ enum ESource : std::int32_t {
     SOURCE_LAST = 47,
 };
 
-/// Event that the TV service reports.
+/// Event of the TV service.
 enum ESignalType : std::int32_t {
     SIGNAL_SEARCH_CHANNEL = 16,
     SIGNAL_CHANNEL_FOUND = 17,
@@ -118,11 +118,11 @@ enum EServiceProfile : std::int32_t {
     SERVICE_PROFILE_OTHER = 2,
 };
 
-/// Which services a navigation query walks, and in which order.
+/// The services of a navigation query, and their order.
 enum ENavigationMode : std::int32_t { NAVIGATION_MODE_TV = 1, NAVIGATION_MODE_CHANNEL = 14 };
 enum ENavigationSortMode : std::int32_t { NAVIGATION_SORT_DEFAULT = 0 };
 
-/// What the decoder does with a digital service.
+/// The parts of a digital service that are decoded.
 enum EDTVMode : std::int32_t {
     DTV_MODE_DEMUX_ONLY = 0,
     DTV_MODE_AUDIO_ONLY = 1,
@@ -140,10 +140,10 @@ enum EDebugMode : std::int32_t {
     DEBUG_MODE_PERFORMANCE = 2,
 };
 
-/// Service id that names no service: all 64 bits set.
+/// The id of no service: all 64 bits are set.
 constexpr unsigned long long INVALID_SERVICE_ID = ~0ULL;
 
-/// Names one pipeline.
+/// Identifies one pipeline.
 struct TVSHandle {
     EProfile profile = PROFILE_MAIN;
     std::uint16_t screenId = 0; ///< 0 is the main screen
@@ -159,7 +159,7 @@ inline bool operator<(const TVSHandle& a, const TVSHandle& b)
     return std::tie(a.profile, a.screenId) < std::tie(b.profile, b.screenId);
 }
 
-/// What a signal carries; the layout depends on the signal, numbers in it are little-endian.
+/// The data of a signal. The layout depends on the signal; numbers are little-endian.
 struct TSSignalData {
     unsigned char bytes[64] = {};
 };

@@ -5,8 +5,7 @@
 extern "C" {
 #endif
 
-/// Writes the integer stored under the key to *value and returns 0. Returns -1 and writes nothing if the key is
-/// missing.
+/// Writes the integer of the key to *value and returns 0. If the key is missing, writes nothing and returns -1.
 int vconf_get_int(const char* key, int* value);
 
 #ifdef __cplusplus
