@@ -56,7 +56,7 @@ TCCriteriaHelper ChannelCriteria(EServiceProfile profile, unsigned short major)
 {
     TCCriteriaHelper criteria;
     criteria.Where(kServiceProfile, profile);
-    criteria.Where(23, 1); // the meaning of fields 23 and 25 is not documented
+    criteria.Where(23, 1); // only the database knows the meaning of fields 23 and 25
     criteria.Where(25, 0);
     criteria.Where(kMajor, major);
     criteria.Fetch(kServiceId);

@@ -39,7 +39,7 @@ void EndProcessBy(int signal)
     std::raise(signal); // in the handler: takes effect when the handler returns
 }
 
-// Without the empty input (no descriptor was left) closes the input: the next read fails, which ends it, too.
+// Replaces stdin with the empty input. If there is none (no descriptor was left), closes stdin: the next read fails.
 void EndInput()
 {
     if (dup2(g_emptyInput, STDIN_FILENO) < 0)

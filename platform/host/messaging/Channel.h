@@ -16,8 +16,8 @@ class Channel
 public:
     Channel(std::string objectPath, const char* openStep, std::unique_ptr<Transport> transport);
 
-    /// Returns the values of the reply. Throws std::exception with the failed step and the reason. The timeout is 10 s,
-    /// and 1 s after a call that timed out.
+    /// Returns the values of the reply. Throws std::exception with the failed step and the reason. The timeout is 10 s;
+    /// after a call that timed out it is 1 s until the service replies again.
     std::vector<TCTreeNode> Call(const std::string& interfaceName, const std::string& method, short number,
                                  const std::vector<TCTreeNode>& request);
 
@@ -34,7 +34,7 @@ private:
     const char* m_openStep;
     std::unique_ptr<Transport> m_transport; // destroyed after m_bus: it joins the service thread
     Bus m_bus;
-    bool m_unresponsive = false; // the last call timed out
+    bool m_unresponsive = false; // a call timed out, and the service has not replied since
 };
 
 } // namespace host

@@ -177,7 +177,7 @@ DebugPrintService::Values DebugPrintService::Stop(RequestReader& request)
     return {Number(1)};
 }
 
-// The check value is the number of items that print.
+// The check value is the number of items that are on.
 DebugPrintService::Values DebugPrintService::Check(RequestReader& request)
 {
     request.End();

@@ -11,7 +11,7 @@ namespace
 
 constexpr const char* kBranch = "a(nv)";
 constexpr int kMaxDepth = 16;      // valid trees have three levels
-constexpr int kMaxNodes = 100'000; // a menu of ten thousand items has 60 thousand
+constexpr int kMaxNodes = 100'000; // a menu of 10,000 items has 60,000
 
 void AppendVariant(sd_bus_message* message, const TCTreeNode& node);
 
