@@ -50,15 +50,15 @@ public:
         if (text.rfind(kByteOrderMark, 0) == 0)
             text.erase(0, std::strlen(kByteOrderMark));
         if (text.find('\0') != std::string::npos)
-            Fail("contains a zero byte");
-        CheckLines(text);
+            m_Fail("contains a zero byte");
+        m_CheckLines(text);
         g_autoptr(GError) error = nullptr;
         g_key_file_load_from_data(m_file.get(), text.c_str(), text.size(), G_KEY_FILE_KEEP_TRANSLATIONS, &error);
         if (error != nullptr)
-            Fail(Shortened(error->message));
+            m_Fail(Shortened(error->message));
         g_auto(GStrv) groups = g_key_file_get_groups(m_file.get(), nullptr);
         for (char** group = groups; *group != nullptr; ++group)
-            ReadGroup(*group);
+            m_ReadGroup(*group);
         return std::move(m_scenario);
     }
 
@@ -67,7 +67,7 @@ private:
     using Field = std::variant<std::int32_t Scenario::*, bool Scenario::*, std::optional<std::uint64_t> Scenario::*>;
 
     // Reports groups and keys that appear twice; GLib would merge them without an error.
-    void CheckLines(const std::string& text)
+    void m_CheckLines(const std::string& text)
     {
         std::unordered_set<std::string> groups, keys;
         std::istringstream lines(text);
@@ -79,24 +79,24 @@ private:
                 m_group = line.substr(1, line.rfind(']') - 1);
                 keys.clear();
                 if (!groups.insert(m_group).second)
-                    Fail("[" + Shortened(m_group) + "]: appears twice");
+                    m_Fail("[" + Shortened(m_group) + "]: appears twice");
                 continue;
             }
             const std::size_t end = line.find('=');
             if (end == std::string::npos)
-                Fail("neither a group, a key nor a comment: " + Shortened(line));
+                m_Fail("neither a group, a key nor a comment: " + Shortened(line));
             const std::string key = Stripped(line.substr(0, end));
             if (!keys.insert(key).second)
-                FailKey(key, "appears twice");
+                m_FailKey(key, "appears twice");
         }
     }
 
-    void ReadGroup(const std::string& group)
+    void m_ReadGroup(const std::string& group)
     {
         static const std::map<std::string, KeyReader> readers = {
-            {"tv", &Reader::ReadField},      {"vconf", &Reader::ReadVconf},    {"latest", &Reader::ReadField},
-            {"result", &Reader::ReadResult}, {"throw", &Reader::ReadThrow},    {"delay", &Reader::ReadDelay},
-            {"signal", &Reader::ReadSignal}, {kService, &Reader::ReadService},
+            {"tv", &Reader::m_ReadField},      {"vconf", &Reader::m_ReadVconf},    {"latest", &Reader::m_ReadField},
+            {"result", &Reader::m_ReadResult}, {"throw", &Reader::m_ReadThrow},    {"delay", &Reader::m_ReadDelay},
+            {"signal", &Reader::m_ReadSignal}, {kService, &Reader::m_ReadService},
         };
         m_group = group;
         const bool isService = group.rfind(kService, 0) == 0;
@@ -104,14 +104,14 @@ private:
             m_scenario.services.emplace_back();
         const auto reader = readers.find(isService ? kService : group);
         if (reader == readers.end())
-            Fail("[" + Shortened(group) + "]: unknown group" + Suggestion(group, KeysOf(readers)));
+            m_Fail("[" + Shortened(group) + "]: unknown group" + Suggestion(group, KeysOf(readers)));
         g_auto(GStrv) keys = g_key_file_get_keys(m_file.get(), group.c_str(), nullptr, nullptr);
         for (char** key = keys; *key != nullptr; ++key)
             (this->*reader->second)(*key);
     }
 
     // Reads a key that sets one member of the scenario.
-    void ReadField(const std::string& key)
+    void m_ReadField(const std::string& key)
     {
         static const std::map<std::string, std::map<std::string, Field>> groups = {
             {"tv",
@@ -134,157 +134,157 @@ private:
         const auto& fields = groups.at(m_group);
         const auto field = fields.find(key);
         if (field == fields.end())
-            FailKey(key, "unknown key" + Suggestion(key, KeysOf(fields)));
-        std::visit([&](auto member) { ReadValue(key, m_scenario.*member); }, field->second);
+            m_FailKey(key, "unknown key" + Suggestion(key, KeysOf(fields)));
+        std::visit([&](auto member) { m_ReadValue(key, m_scenario.*member); }, field->second);
     }
 
-    void ReadVconf(const std::string& key) { ReadValue(key, m_scenario.vconf[key]); }
+    void m_ReadVconf(const std::string& key) { m_ReadValue(key, m_scenario.vconf[key]); }
 
-    void ReadService(const std::string& key)
+    void m_ReadService(const std::string& key)
     {
         ScenarioService& service = m_scenario.services.back();
         if (key == "title") {
-            service.title = Text(key);
+            service.title = m_Text(key);
             return;
         }
         const auto tag = ParseNumber<std::uint16_t>(key);
         if (!tag || std::to_string(*tag) != key)
-            FailKey(key, "unknown key, neither the number of a field nor title");
+            m_FailKey(key, "unknown key, neither the number of a field nor title");
         std::optional<std::uint64_t>& value = service.tags[*tag];
-        if (Raw(key).empty())
+        if (m_Raw(key).empty())
             return;
         if (*tag == kServiceIdField) {
-            ReadValue(key, value);
+            m_ReadValue(key, value);
             return;
         }
         // The other fields have 32 bits, some with a sign and some without.
-        const auto number = ParseNumber<std::int64_t>(Raw(key));
+        const auto number = ParseNumber<std::int64_t>(m_Raw(key));
         if (!number || *number < std::numeric_limits<std::int32_t>::min() ||
             *number > std::numeric_limits<std::uint32_t>::max())
-            FailValue(key, "not a number of 32 bits");
+            m_FailValue(key, "not a number of 32 bits");
         value = static_cast<std::uint32_t>(*number);
     }
 
-    void ReadResult(const std::string& key)
+    void m_ReadResult(const std::string& key)
     {
-        std::istringstream value(Raw(key));
+        std::istringstream value(m_Raw(key));
         std::string number, word;
         std::getline(value >> number >> std::ws, word);
-        Fault& fault = FaultAt(key);
+        Fault& fault = m_FaultAt(key);
         fault.result = ParseNumber<std::int32_t>(number);
         fault.object = word == "object";
         if (!fault.result)
-            FailValue(key, "not a number of 32 bits");
+            m_FailValue(key, "not a number of 32 bits");
         if (!word.empty() && word != "object")
-            FailValue(key, "only the word object may follow the number");
-        if (fault.object && !IsFactory(OperationAt(key)))
-            FailValue(key, "only a factory makes an object");
+            m_FailValue(key, "only the word object may follow the number");
+        if (fault.object && !IsFactory(m_OperationAt(key)))
+            m_FailValue(key, "only a factory makes an object");
     }
 
-    void ReadThrow(const std::string& key) { FaultAt(key).thrown = Text(key); }
+    void m_ReadThrow(const std::string& key) { m_FaultAt(key).thrown = m_Text(key); }
 
-    void ReadDelay(const std::string& key)
+    void m_ReadDelay(const std::string& key)
     {
-        const auto delay = ParseNumber<std::int32_t>(Raw(key));
+        const auto delay = ParseNumber<std::int32_t>(m_Raw(key));
         if (!delay || *delay < 0 || *delay > kMaxDelay)
-            FailValue(key, "not milliseconds from 0 to " + std::to_string(kMaxDelay));
-        FaultAt(key).delay = std::chrono::milliseconds(*delay);
+            m_FailValue(key, "not milliseconds from 0 to " + std::to_string(kMaxDelay));
+        m_FaultAt(key).delay = std::chrono::milliseconds(*delay);
     }
 
     // Reads bytes of two hexadecimal digits with blanks between them.
-    void ReadSignal(const std::string& key)
+    void m_ReadSignal(const std::string& key)
     {
         const auto type = ParseNumber<std::int32_t>(key);
         if (!type || std::to_string(*type) != key)
-            FailKey(key, "not the number of a signal type");
+            m_FailKey(key, "not the number of a signal type");
         TSSignalData& data = m_scenario.signals[*type];
-        std::istringstream value(Raw(key));
+        std::istringstream value(m_Raw(key));
         std::size_t count = 0;
         for (std::string word; value >> word;) {
             const auto byte = ParseNumber<std::uint8_t>(word, 16);
             if (!byte || word.size() != 2)
-                FailValue(key, "not bytes of two hexadecimal digits");
+                m_FailValue(key, "not bytes of two hexadecimal digits");
             if (count == kSignalBytes)
-                FailValue(key, "more than " + std::to_string(kSignalBytes) + " bytes");
+                m_FailValue(key, "more than " + std::to_string(kSignalBytes) + " bytes");
             data.bytes[count++] = *byte;
         }
     }
 
     // The operation of a key `NAME` or `NAME#N`.
-    Op OperationAt(const std::string& key)
+    Op m_OperationAt(const std::string& key)
     {
         const std::string name = key.substr(0, key.find('#'));
         const auto operation = OperationNamed(name);
         if (!operation)
-            FailKey(key, "unknown operation" + Suggestion(name, OperationNames()));
+            m_FailKey(key, "unknown operation" + Suggestion(name, OperationNames()));
         return *operation;
     }
 
-    Fault& FaultAt(const std::string& key)
+    Fault& m_FaultAt(const std::string& key)
     {
-        Faults& faults = m_scenario.faults[static_cast<std::size_t>(OperationAt(key))];
+        Faults& faults = m_scenario.faults[static_cast<std::size_t>(m_OperationAt(key))];
         const std::size_t mark = key.find('#');
         if (mark == std::string::npos)
             return faults.always;
         const std::string number = key.substr(mark + 1);
         const auto call = ParseNumber<unsigned>(number);
         if (!call || *call == 0 || std::to_string(*call) != number)
-            FailKey(key, "the number of a call is 1 to 4294967295");
+            m_FailKey(key, "the number of a call is 1 to 4294967295");
         return faults.byCall[*call];
     }
 
-    void ReadValue(const std::string& key, std::int32_t& number)
+    void m_ReadValue(const std::string& key, std::int32_t& number)
     {
-        const auto parsed = ParseNumber<std::int32_t>(Raw(key));
+        const auto parsed = ParseNumber<std::int32_t>(m_Raw(key));
         if (!parsed)
-            FailValue(key, "not a number of 32 bits");
+            m_FailValue(key, "not a number of 32 bits");
         number = *parsed;
     }
 
-    void ReadValue(const std::string& key, std::optional<std::uint64_t>& number)
+    void m_ReadValue(const std::string& key, std::optional<std::uint64_t>& number)
     {
-        number = ParseNumber<std::uint64_t>(Raw(key));
+        number = ParseNumber<std::uint64_t>(m_Raw(key));
         if (!number)
-            FailValue(key, "not a number of 64 bits");
+            m_FailValue(key, "not a number of 64 bits");
     }
 
-    void ReadValue(const std::string& key, bool& flag)
+    void m_ReadValue(const std::string& key, bool& flag)
     {
-        const std::string value = Raw(key);
+        const std::string value = m_Raw(key);
         if (value != "true" && value != "false")
-            FailValue(key, "neither true nor false");
+            m_FailValue(key, "neither true nor false");
         flag = value == "true";
     }
 
     // The value without the blanks around it.
-    std::string Raw(const std::string& key)
+    std::string m_Raw(const std::string& key)
     {
         g_autofree char* value = g_key_file_get_value(m_file.get(), m_group.c_str(), key.c_str(), nullptr);
         return value == nullptr ? "" : Stripped(value);
     }
 
-    std::string Text(const std::string& key)
+    std::string m_Text(const std::string& key)
     {
         g_autoptr(GError) error = nullptr;
         g_autofree char* value = g_key_file_get_string(m_file.get(), m_group.c_str(), key.c_str(), &error);
         if (value == nullptr || error != nullptr)
-            FailValue(key, "not a text in UTF-8, or a wrong escape");
+            m_FailValue(key, "not a text in UTF-8, or a wrong escape");
         return value;
     }
 
-    [[noreturn]] void FailValue(const std::string& key, const std::string& reason)
+    [[noreturn]] void m_FailValue(const std::string& key, const std::string& reason)
     {
-        const std::string value = Raw(key);
+        const std::string value = m_Raw(key);
         const bool comment = value.find('#') != std::string::npos;
-        FailKey(key, reason + ": " + Shortened(value) + (comment ? " (a comment needs a line of its own)" : ""));
+        m_FailKey(key, reason + ": " + Shortened(value) + (comment ? " (a comment needs a line of its own)" : ""));
     }
 
-    [[noreturn]] void FailKey(const std::string& key, const std::string& reason) const
+    [[noreturn]] void m_FailKey(const std::string& key, const std::string& reason) const
     {
-        Fail("[" + Shortened(m_group) + "] " + Shortened(key) + ": " + reason);
+        m_Fail("[" + Shortened(m_group) + "] " + Shortened(key) + ": " + reason);
     }
 
-    [[noreturn]] void Fail(const std::string& reason) const
+    [[noreturn]] void m_Fail(const std::string& reason) const
     {
         throw std::runtime_error("scenario " + m_path + ": " + reason);
     }

@@ -92,12 +92,12 @@ void Trace::Write(std::string line)
         if (written >= 0)
             done += static_cast<std::size_t>(written);
         else if (errno != EINTR)
-            End(done);
+            m_End(done);
     }
 }
 
 // On a full disk the partly written line is removed and tracing ends; the session goes on.
-void Trace::End(std::size_t written)
+void Trace::m_End(std::size_t written)
 {
     const std::string reason = std::strerror(errno);
     m_ended = true;

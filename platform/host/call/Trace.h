@@ -52,7 +52,7 @@ public:
     void Write(std::string line);
 
 private:
-    void End(std::size_t written);
+    void m_End(std::size_t written);
 
     std::mutex m_mutex;
     std::string m_path;

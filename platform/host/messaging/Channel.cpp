@@ -19,7 +19,7 @@ Channel::Channel(std::string objectPath, const char* openStep, std::unique_ptr<T
     : m_objectPath(std::move(objectPath)), m_openStep(openStep), m_transport(std::move(transport))
 {
     try {
-        OpenBy(m_transport->Now() + kOpenTimeout);
+        m_OpenBy(m_transport->Now() + kOpenTimeout);
     } catch (const std::exception&) {
         // The first call continues the handshake, or opens the bus again and reports the error.
     }
@@ -32,8 +32,8 @@ std::vector<TCTreeNode> Channel::Call(const std::string& interfaceName, const st
     const auto end = m_transport->Now() + timeout;
     BusMessage reply;
     try {
-        Step(m_openStep, [&] { OpenBy(end); });
-        reply = Step("the call failed", [&] { return ReplyBy(end, interfaceName, method, number, request); });
+        Step(m_openStep, [&] { m_OpenBy(end); });
+        reply = Step("the call failed", [&] { return m_ReplyBy(end, interfaceName, method, number, request); });
     } catch (const std::exception& failure) {
         m_bus.reset(); // part of a reply may be in its buffer
         const auto* error = dynamic_cast<const std::system_error*>(&failure);
@@ -56,9 +56,9 @@ std::vector<TCTreeNode> Channel::Call(const std::string& interfaceName, const st
 
 void Channel::FailMalformed() { throw std::runtime_error("the call failed: malformed reply"); }
 
-void Channel::OpenBy(Clock::time_point end)
+void Channel::m_OpenBy(Clock::time_point end)
 {
-    if (m_bus && !IsOpenAt(end))
+    if (m_bus && !m_IsOpenAt(end))
         m_bus.reset();
     if (!m_bus) {
         m_bus = m_transport->Open(end);
@@ -70,7 +70,7 @@ void Channel::OpenBy(Clock::time_point end)
 }
 
 // Handles the messages that arrived since the last call; one of them may be the end of the connection.
-bool Channel::IsOpenAt(Clock::time_point end)
+bool Channel::m_IsOpenAt(Clock::time_point end)
 {
     try {
         while (m_transport->Process(m_bus.get()) && m_transport->Now() < end)
@@ -81,8 +81,8 @@ bool Channel::IsOpenAt(Clock::time_point end)
     return sd_bus_is_open(m_bus.get()) > 0;
 }
 
-BusMessage Channel::ReplyBy(Clock::time_point end, const std::string& interfaceName, const std::string& method,
-                            short number, const std::vector<TCTreeNode>& request)
+BusMessage Channel::m_ReplyBy(Clock::time_point end, const std::string& interfaceName, const std::string& method,
+                              short number, const std::vector<TCTreeNode>& request)
 {
     sd_bus_message* made = nullptr;
     Checked(sd_bus_message_new_method_call(m_bus.get(), &made, kServiceBusName, m_objectPath.c_str(),

@@ -25,10 +25,10 @@ public:
     [[noreturn]] static void FailMalformed();
 
 private:
-    BusMessage ReplyBy(Clock::time_point end, const std::string& interfaceName, const std::string& method, short number,
-                       const std::vector<TCTreeNode>& request);
-    void OpenBy(Clock::time_point end);
-    bool IsOpenAt(Clock::time_point end);
+    BusMessage m_ReplyBy(Clock::time_point end, const std::string& interfaceName, const std::string& method,
+                         short number, const std::vector<TCTreeNode>& request);
+    void m_OpenBy(Clock::time_point end);
+    bool m_IsOpenAt(Clock::time_point end);
 
     std::string m_objectPath;
     const char* m_openStep;

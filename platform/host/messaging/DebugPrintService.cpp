@@ -98,7 +98,7 @@ void DebugPrintService::Serve(sd_bus* bus)
     std::vector<sd_bus_vtable> table = {SD_BUS_VTABLE_START(0)};
     for (const char* method : kDebugPrintMethodNames)
         table.push_back(SD_BUS_METHOD_WITH_NAMES(method, "nav", SD_BUS_PARAM(number) SD_BUS_PARAM(request), "av",
-                                                 SD_BUS_PARAM(reply), OnCall, SD_BUS_VTABLE_UNPRIVILEGED));
+                                                 SD_BUS_PARAM(reply), m_OnCall, SD_BUS_VTABLE_UNPRIVILEGED));
     table.push_back(SD_BUS_VTABLE_END);
     sd_bus_slot* added = nullptr;
     Checked(sd_bus_add_object_vtable(bus, &added, kServiceObjectPath, kDebugPrintInterface, table.data(), this));
@@ -110,20 +110,20 @@ void DebugPrintService::Serve(sd_bus* bus)
     }
 }
 
-int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_error* error)
+int DebugPrintService::m_OnCall(sd_bus_message* message, void* service, sd_bus_error* error)
 {
     static constexpr Values (DebugPrintService::*methods[])(RequestReader&) = {
-        &DebugPrintService::Start,
-        &DebugPrintService::Execute,
-        &DebugPrintService::Stop,
-        &DebugPrintService::Check,
-        &DebugPrintService::GetMenuItems,
-        &DebugPrintService::SetMenuItems,
-        &DebugPrintService::SetMenuItem,
-        &DebugPrintService::SetQoSEnabled,
-        &DebugPrintService::IsQoSEnabled,
-        &DebugPrintService::SetDebugMode,
-        &DebugPrintService::IsDebugModeEnabled,
+        &DebugPrintService::m_Start,
+        &DebugPrintService::m_Execute,
+        &DebugPrintService::m_Stop,
+        &DebugPrintService::m_Check,
+        &DebugPrintService::m_GetMenuItems,
+        &DebugPrintService::m_SetMenuItems,
+        &DebugPrintService::m_SetMenuItem,
+        &DebugPrintService::m_SetQoSEnabled,
+        &DebugPrintService::m_IsQoSEnabled,
+        &DebugPrintService::m_SetDebugMode,
+        &DebugPrintService::m_IsDebugModeEnabled,
     };
     static_assert(std::size(methods) == std::size(kDebugPrintMethodNames),
                   "each name has a method, in the order of the numbers");
@@ -148,13 +148,13 @@ int DebugPrintService::OnCall(sd_bus_message* message, void* service, sd_bus_err
     }
 }
 
-DebugPrintService::Values DebugPrintService::Start(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_Start(RequestReader& request)
 {
     request.End();
-    return {Number(1), TextNode(1, Screen())};
+    return {Number(1), TextNode(1, m_Screen())};
 }
 
-DebugPrintService::Values DebugPrintService::Execute(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_Execute(RequestReader& request)
 {
     const std::string word = request.TakeText();
     request.End();
@@ -166,26 +166,26 @@ DebugPrintService::Values DebugPrintService::Execute(RequestReader& request)
     const auto item = std::find_if(m_items.begin(), m_items.end(),
                                    [&](const Item& candidate) { return isNumber && candidate.id == id; });
     if (item == m_items.end())
-        return {Number(1), TextNode(1, "Not an item of this menu\n" + Screen())};
+        return {Number(1), TextNode(1, "Not an item of this menu\n" + m_Screen())};
     item->on = !item->on;
-    return {Number(1), TextNode(1, Screen())};
+    return {Number(1), TextNode(1, m_Screen())};
 }
 
-DebugPrintService::Values DebugPrintService::Stop(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_Stop(RequestReader& request)
 {
     request.End();
     return {Number(1)};
 }
 
 // The check value is the number of items that are on.
-DebugPrintService::Values DebugPrintService::Check(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_Check(RequestReader& request)
 {
     request.End();
     const auto printing = std::count_if(m_items.begin(), m_items.end(), [](const Item& item) { return item.on; });
     return {Number(1), Number(static_cast<std::uint32_t>(printing))};
 }
 
-DebugPrintService::Values DebugPrintService::GetMenuItems(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_GetMenuItems(RequestReader& request)
 {
     request.End();
     TCTreeBranch list;
@@ -199,20 +199,20 @@ DebugPrintService::Values DebugPrintService::GetMenuItems(RequestReader& request
     return {Number(1), {1, std::move(list)}};
 }
 
-DebugPrintService::Values DebugPrintService::SetMenuItems(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_SetMenuItems(RequestReader& request)
 {
     const auto& list = request.Take<TCTreeBranch>();
     request.End();
     std::vector<Item> items;
     for (RequestReader elements(list.GetChildren(), RequestReader::ELEMENTS); elements.HasMore();)
-        items.push_back(ReadItem(elements));
-    SetItems(std::move(items));
+        items.push_back(m_ReadItem(elements));
+    m_SetItems(std::move(items));
     return {Number(1)};
 }
 
-DebugPrintService::Values DebugPrintService::SetMenuItem(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_SetMenuItem(RequestReader& request)
 {
-    const Item changed = ReadItem(request);
+    const Item changed = m_ReadItem(request);
     request.End();
     std::vector<Item> items = m_items;
     const auto item =
@@ -220,11 +220,11 @@ DebugPrintService::Values DebugPrintService::SetMenuItem(RequestReader& request)
     if (item == items.end())
         return {Number(0)};
     *item = changed;
-    SetItems(std::move(items));
+    m_SetItems(std::move(items));
     return {Number(1)};
 }
 
-DebugPrintService::Values DebugPrintService::SetQoSEnabled(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_SetQoSEnabled(RequestReader& request)
 {
     const bool on = request.Take<std::uint8_t>() != 0;
     request.End();
@@ -232,13 +232,13 @@ DebugPrintService::Values DebugPrintService::SetQoSEnabled(RequestReader& reques
     return {Number(1)};
 }
 
-DebugPrintService::Values DebugPrintService::IsQoSEnabled(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_IsQoSEnabled(RequestReader& request)
 {
     request.End();
     return {Flag(m_qos)};
 }
 
-DebugPrintService::Values DebugPrintService::SetDebugMode(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_SetDebugMode(RequestReader& request)
 {
     const auto mode = request.Take<std::uint32_t>();
     const bool on = request.Take<std::uint8_t>() != 0;
@@ -252,14 +252,14 @@ DebugPrintService::Values DebugPrintService::SetDebugMode(RequestReader& request
     return {Number(known ? 1 : 0)};
 }
 
-DebugPrintService::Values DebugPrintService::IsDebugModeEnabled(RequestReader& request)
+DebugPrintService::Values DebugPrintService::m_IsDebugModeEnabled(RequestReader& request)
 {
     const auto mode = request.Take<std::uint32_t>();
     request.End();
     return {Flag(m_debugModes.count(mode) > 0)};
 }
 
-DebugPrintService::Item DebugPrintService::ReadItem(RequestReader& request)
+DebugPrintService::Item DebugPrintService::m_ReadItem(RequestReader& request)
 {
     const auto& branch = request.Take<TCTreeBranch>();
     RequestReader parts(branch.GetChildren());
@@ -271,7 +271,7 @@ DebugPrintService::Item DebugPrintService::ReadItem(RequestReader& request)
     return item;
 }
 
-void DebugPrintService::SetItems(std::vector<Item> items)
+void DebugPrintService::m_SetItems(std::vector<Item> items)
 {
     const auto bytes = std::accumulate(items.begin(), items.end(), std::size_t{0},
                                        [](std::size_t sum, const Item& item) { return sum + item.name.size(); });
@@ -280,7 +280,7 @@ void DebugPrintService::SetItems(std::vector<Item> items)
     m_items = std::move(items);
 }
 
-std::string DebugPrintService::Screen() const
+std::string DebugPrintService::m_Screen() const
 {
     const std::string thick = TCDebugMenuUtility::thickLine, thin = TCDebugMenuUtility::thinLine;
     std::string screen = thick + "\t[TV Service Debug Print]\t\n" + thin;

@@ -30,24 +30,24 @@ private:
         std::uint32_t id;
     };
     using Values = std::vector<TCTreeNode>;
-    static int OnCall(sd_bus_message* message, void* service, sd_bus_error* error);
+    static int m_OnCall(sd_bus_message* message, void* service, sd_bus_error* error);
 
-    Values Start(RequestReader& request);
-    Values Execute(RequestReader& request);
-    Values Stop(RequestReader& request);
-    Values Check(RequestReader& request);
-    Values GetMenuItems(RequestReader& request);
-    Values SetMenuItems(RequestReader& request);
-    Values SetMenuItem(RequestReader& request);
-    Values SetQoSEnabled(RequestReader& request);
-    Values IsQoSEnabled(RequestReader& request);
-    Values SetDebugMode(RequestReader& request);
-    Values IsDebugModeEnabled(RequestReader& request);
+    Values m_Start(RequestReader& request);
+    Values m_Execute(RequestReader& request);
+    Values m_Stop(RequestReader& request);
+    Values m_Check(RequestReader& request);
+    Values m_GetMenuItems(RequestReader& request);
+    Values m_SetMenuItems(RequestReader& request);
+    Values m_SetMenuItem(RequestReader& request);
+    Values m_SetQoSEnabled(RequestReader& request);
+    Values m_IsQoSEnabled(RequestReader& request);
+    Values m_SetDebugMode(RequestReader& request);
+    Values m_IsDebugModeEnabled(RequestReader& request);
 
-    static Item ReadItem(RequestReader& request);
+    static Item m_ReadItem(RequestReader& request);
     /// Throws std::invalid_argument if the names are too long for a reply.
-    void SetItems(std::vector<Item> items);
-    std::string Screen() const;
+    void m_SetItems(std::vector<Item> items);
+    std::string m_Screen() const;
 
     std::vector<Item> m_items;
     std::set<std::uint32_t> m_debugModes;

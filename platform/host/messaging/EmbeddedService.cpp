@@ -9,11 +9,11 @@
 namespace host
 {
 
-EmbeddedService::~EmbeddedService() { Join(); }
+EmbeddedService::~EmbeddedService() { m_Join(); }
 
 Bus EmbeddedService::Connect()
 {
-    Join();
+    m_Join();
     Bus client = NewBus();
     Bus server = NewBus();
     int ends[2];
@@ -39,7 +39,7 @@ Bus EmbeddedService::Connect()
     return client;
 }
 
-void EmbeddedService::Join()
+void EmbeddedService::m_Join()
 {
     if (m_thread.joinable())
         m_thread.join();

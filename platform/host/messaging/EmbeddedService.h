@@ -21,7 +21,7 @@ public:
     Bus Connect();
 
 private:
-    void Join();
+    void m_Join();
 
     DebugPrintService m_service; // outlives m_thread, the only thread that uses it
     std::thread m_thread;

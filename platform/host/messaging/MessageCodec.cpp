@@ -59,49 +59,49 @@ public:
         Checked(sd_bus_message_peek_type(m_message, nullptr, &type));
         const std::string contents = type == nullptr ? "" : type;
         Checked(sd_bus_message_enter_container(m_message, 'v', contents.c_str()));
-        TCTreeNode::Value value = ReadContents(contents, depth);
+        TCTreeNode::Value value = m_ReadContents(contents, depth);
         Checked(sd_bus_message_exit_container(m_message));
         return value;
     }
 
 private:
-    template <class Number> Number ReadPlain(char type)
+    template <class Number> Number m_ReadPlain(char type)
     {
         Number number{};
         Checked(sd_bus_message_read_basic(m_message, type, &number));
         return number;
     }
 
-    TCTreeNode::Value ReadContents(const std::string& type, int depth)
+    TCTreeNode::Value m_ReadContents(const std::string& type, int depth)
     {
         if (type == "y")
-            return ReadPlain<std::uint8_t>('y');
+            return m_ReadPlain<std::uint8_t>('y');
         if (type == "q")
-            return ReadPlain<std::uint16_t>('q');
+            return m_ReadPlain<std::uint16_t>('q');
         if (type == "u")
-            return ReadPlain<std::uint32_t>('u');
+            return m_ReadPlain<std::uint32_t>('u');
         if (type == "t")
-            return ReadPlain<std::uint64_t>('t');
+            return m_ReadPlain<std::uint64_t>('t');
         if (type == "ay" && depth > 0)
-            return ReadBytes();
+            return m_ReadBytes();
         if (type == kBranch && depth < kMaxDepth)
-            return ReadBranch(depth);
+            return m_ReadBranch(depth);
         throw std::system_error(EBADMSG, std::generic_category());
     }
 
-    TCTreeNode::Bytes ReadBytes()
+    TCTreeNode::Bytes m_ReadBytes()
     {
         const void* bytes = nullptr;
         std::size_t size = 0;
         const int result = sd_bus_message_read_array(m_message, 'y', &bytes, &size);
         if (result == -EOPNOTSUPP) // the peer's CPU has the other byte order
-            return ReadBytesOneByOne();
+            return m_ReadBytesOneByOne();
         Checked(result);
         const auto* first = static_cast<const unsigned char*>(bytes);
         return {first, first + size};
     }
 
-    TCTreeNode::Bytes ReadBytesOneByOne()
+    TCTreeNode::Bytes m_ReadBytesOneByOne()
     {
         TCTreeNode::Bytes bytes;
         Checked(sd_bus_message_enter_container(m_message, 'a', "y"));
@@ -111,12 +111,12 @@ private:
         return bytes;
     }
 
-    TCTreeBranch ReadBranch(int depth)
+    TCTreeBranch m_ReadBranch(int depth)
     {
         TCTreeBranch branch;
         Checked(sd_bus_message_enter_container(m_message, 'a', "(nv)"));
         while (Checked(sd_bus_message_enter_container(m_message, 'r', "nv")) > 0) {
-            const auto tag = ReadPlain<std::int16_t>('n');
+            const auto tag = m_ReadPlain<std::int16_t>('n');
             branch.AppendChild({tag, ReadVariant(depth + 1)});
             Checked(sd_bus_message_exit_container(m_message));
         }

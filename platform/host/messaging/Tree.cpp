@@ -103,7 +103,7 @@ TCTreeFormatter::TCTreeFormatter(TCTreeBranch& branch) : m_branch(branch) {}
 bool TCTreeFormatter::Extract() { return true; }
 bool TCTreeFormatter::FillOut() { return true; }
 
-void TCClassToTreeFormatter::Append(const std::unique_ptr<TCTreeNode>& node)
+void TCClassToTreeFormatter::m_Append(const std::unique_ptr<TCTreeNode>& node)
 {
     if (node)
         m_branch.AppendChild(std::move(*node));
@@ -114,7 +114,7 @@ void TCClassToTreeFormatter::Append(const std::unique_ptr<TCTreeNode>& node)
 void TCClassToTreeFormatter::PushValue(short tag, int width, void* value)
 {
     if (m_ok)
-        Append(m_defaultCreator.CreateNode(value, static_cast<std::size_t>(width), tag, 1));
+        m_Append(m_defaultCreator.CreateNode(value, static_cast<std::size_t>(width), tag, 1));
 }
 
 void TCClassToTreeFormatter::PushLengthArray(short tag, int length, void* data, TILengthInfoContainer*)
@@ -129,12 +129,12 @@ void TCClassToTreeFormatter::PushLengthArray(short tag, int length, void* data, 
 void TCClassToTreeFormatter::PushMarshalableClass(short tag, TIMarshalable* object)
 {
     if (m_ok)
-        Append(m_marshalableCreator.CreateNode(object, sizeof *object, tag, 1));
+        m_Append(m_marshalableCreator.CreateNode(object, sizeof *object, tag, 1));
 }
 
 bool TCClassToTreeFormatter::Extract() { return m_ok; }
 
-TCTreeNode* TCTreeToClassFormatter::Next(short tag)
+TCTreeNode* TCTreeToClassFormatter::m_Next(short tag)
 {
     auto& children = m_branch.GetChildren();
     if (!m_ok || m_next == children.size() || children[m_next].tag != tag)
@@ -144,14 +144,14 @@ TCTreeNode* TCTreeToClassFormatter::Next(short tag)
 
 void TCTreeToClassFormatter::PushValue(short tag, int width, void* value)
 {
-    TCTreeNode* node = Next(tag);
+    TCTreeNode* node = m_Next(tag);
     const auto size = static_cast<std::size_t>(width);
     m_ok = node != nullptr && m_defaultCreator.FillElement(value, size, size, *node);
 }
 
 void TCTreeToClassFormatter::PushLengthArray(short tag, int length, void* data, TILengthInfoContainer*)
 {
-    TCTreeNode* node = Next(tag);
+    TCTreeNode* node = m_Next(tag);
     const auto* bytes = node == nullptr ? nullptr : std::get_if<TCTreeNode::Bytes>(&node->value);
     m_ok = bytes != nullptr && length >= 0 && bytes->size() == static_cast<std::size_t>(length);
     if (m_ok && length > 0)
@@ -160,7 +160,7 @@ void TCTreeToClassFormatter::PushLengthArray(short tag, int length, void* data, 
 
 void TCTreeToClassFormatter::PushMarshalableClass(short tag, TIMarshalable* object)
 {
-    TCTreeNode* node = Next(tag);
+    TCTreeNode* node = m_Next(tag);
     auto* branch = node == nullptr ? nullptr : std::get_if<TCTreeBranch>(&node->value);
     m_ok = branch != nullptr && object->TreeToClass(*branch);
 }

@@ -96,7 +96,7 @@ public:
     bool Extract() override;
 
 private:
-    void Append(const std::unique_ptr<TCTreeNode>& node);
+    void m_Append(const std::unique_ptr<TCTreeNode>& node);
 };
 
 /// Branch into object. Each push fills its value from the next child.
@@ -112,6 +112,6 @@ public:
     bool FillOut() override;
 
 private:
-    TCTreeNode* Next(short tag);
+    TCTreeNode* m_Next(short tag);
     std::size_t m_next = 0;
 };
