@@ -32,7 +32,7 @@ void Player::m_AwaitNext()
         return;
     }
     m_waiting.Start(m_Limit(), [this] {
-        m_Fail(m_prompt.empty() ? "no prompt" : "at the prompt " + m_prompt);
+        m_Fail(m_prompt.empty() ? "the tool is at no prompt" : "the tool is at the prompt " + m_prompt);
         m_CloseInput();
     });
 }
@@ -91,7 +91,7 @@ void Player::m_Fail(const std::string& where)
     const Line& line = m_lines[m_next];
     m_Report(false, line.Text());
     const std::string place = m_name + ":" + std::to_string(line.Number()) + ": ";
-    std::string report = place + "expected " + line.Text() + "\n" + place + "stands instead: " + where + "\n" + place +
+    std::string report = place + "expected " + line.Text() + "\n" + place + where + "\n" + place +
                          "printed since the last word:" + (m_printed.empty() ? " nothing" : "") + "\n";
     if (m_dropped > 0)
         report += "  (" + std::to_string(m_dropped) + " lines before these)\n";

@@ -57,8 +57,9 @@ void Timer::Start(std::chrono::milliseconds delay, std::function<void()> functio
 {
     Stop();
     m_function = std::move(function);
-    // After the output that is there: it is looked at first when both are due.
-    m_source = g_timeout_add_full(G_PRIORITY_DEFAULT_IDLE, static_cast<guint>(delay.count()), Expire, this, nullptr);
+    // Has the priority of the output: a command that prints without end must not hold it up. When both are due, the output
+    // comes first, because its source is the older one.
+    m_source = g_timeout_add(static_cast<guint>(delay.count()), Expire, this);
 }
 
 void Timer::Stop()
@@ -183,7 +184,7 @@ gboolean Session::OnReadable(int output, GIOCondition, gpointer session)
 void Session::m_ReadOutput(int output)
 {
     m_TakeSignals(); // before what the command prints because of them
-    std::array<char, 1 << 14> buffer;
+    std::array<char, 1 << 16> buffer; // all that a pipe holds
     const ssize_t count = read(output, buffer.data(), buffer.size());
     if (count <= 0) {
         m_EndOutput();

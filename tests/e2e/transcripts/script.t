@@ -58,12 +58,12 @@ A word is typed at its own prompt only: not at another one, not at a part of the
   0
   $ T=0.5 plays 'cmd> 5 6\n' "$prompt"
   s:1: expected cmd> 5 6
-  s:1: stands instead: at the prompt cmd> 
+  s:1: the tool is at the prompt cmd> 
   s:1: printed since the last word: nothing
   1
   $ T=0.5 plays 'cmd> 5\nInput ? >1\nx\n' "echo menu; $prompt echo refused; $prompt echo end >&2"
   s:2: expected Input ? >1
-  s:2: stands instead: at the prompt cmd> 
+  s:2: the tool is at the prompt cmd> 
   s:2: printed since the last word:
     got 5
     refused
@@ -88,7 +88,7 @@ A command that ends early or with an error, closes its output, hangs, ignores SI
 
   $ plays 'a\nb\n' 'echo a; exit 3'
   s:2: expected b
-  s:2: stands instead: the command ended with status 3
+  s:2: the command ended with status 3
   s:2: printed since the last word:
     a
   1
@@ -100,7 +100,7 @@ A command that ends early or with an error, closes its output, hangs, ignores SI
   1
   $ T=0.5 plays 'a\n' 'exec >&-; read w'
   s:1: expected a
-  s:1: stands instead: no prompt
+  s:1: the tool is at no prompt
   s:1: printed since the last word: nothing
   1
   $ T=0.5 plays 'a\n' 'echo a; exec sleep 60'
@@ -115,12 +115,12 @@ A command that ends early or with an error, closes its output, hangs, ignores SI
         1 1
         1 s:1: expected a
         1 s:1: printed since the last word:
-        1 s:1: stands instead: no prompt
-  $ T=3 plays 'a\nb\n' 'echo a; sleep 9 2>/dev/null & exit' 2>&1 | grep stands
-  s:2: stands instead: the command ended with status 0
+        1 s:1: the tool is at no prompt
+  $ T=3 plays 'a\nb\n' 'echo a; sleep 9 2>/dev/null & exit' 2>&1 | grep ended
+  s:2: the command ended with status 0
   $ plays 'cmd> 5\na\n' 'printf "cmd> "; exec <&-; sleep 0.1; echo a' 2>&1 | grep -A 1 expected
   s:1: expected cmd> 5
-  s:1: stands instead: the command ended with status 0
+  s:1: the command ended with status 0
 
 On a termination signal the tool ends in order first.
 
