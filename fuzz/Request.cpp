@@ -5,6 +5,8 @@
 
 #include <cassert>
 #include <fcntl.h>
+#include <fstream>
+#include <map>
 #include <sstream>
 #include <sys/socket.h>
 #include <system_error>
@@ -14,10 +16,39 @@
 namespace
 {
 
-// The shapes of each method's arguments and of its reply.
-constexpr const char* kShapes[][2] = {{"", "uT"}, {"T", "uT"}, {"", "u"}, {"", "uu"},  {"", "uL"}, {"L", "u"},
-                                      {"I", "u"}, {"y", "u"},  {"", "y"}, {"uy", "u"}, {"u", "y"}};
-static_assert(std::size(kShapes) == std::size(kDebugPrintMethodNames));
+// The shapes of the request and of the reply of each method, from the recorded exchanges of the service.
+struct Shapes {
+    std::string request, reply;
+};
+
+std::string ShapesOf(TCTreeBranch branch)
+{
+    NumberTags(branch);
+    const auto& values = branch.GetChildren();
+    std::string shapes;
+    for (auto value = values.begin(); value != values.end(); ++value)
+        for (const char shape : {'y', 'q', 'u', 't', 'T', 'I', 'L'})
+            if (Fit({values.begin(), value + 1}, shapes + shape)) {
+                shapes += shape;
+                break;
+            }
+    return shapes;
+}
+
+std::map<std::string, Shapes> ReadShapes(const host::Bus& client)
+{
+    std::map<std::string, Shapes> shapes;
+    std::ifstream exchanges(EXCHANGES_PATH "/service");
+    for (std::string line, method, number; std::getline(exchanges, line);) {
+        std::istringstream words(line.substr(0, 2) == "> " ? line.substr(2) : "");
+        if (!(words >> method >> number) || shapes.count(method) > 0)
+            continue;
+        const std::string reply = CallService(client, line.substr(2));
+        if (reply.rfind("0:", 0) == 0)
+            shapes[method] = {ShapesOf(Branch(std::move(words))), ShapesOf(Branch(std::istringstream(reply)))};
+    }
+    return shapes;
+}
 
 // The state of the service, as a client reads it.
 std::string StateOf(const host::Bus& client)
@@ -39,6 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 {
     static host::EmbeddedService service;
     static host::Bus client = service.Connect();
+    static const auto shapes = ReadShapes(client);
     static std::string state = StateOf(client);
     std::string call(data, data + size);
     if (call[0] == '!') {
@@ -59,12 +91,13 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         return 0; // the call cannot be written as a message
     }
     const bool accepted = reply.rfind("0:", 0) == 0;
-    const bool known = number >= 0 && number < int{std::size(kShapes)} &&
+    const bool known = number >= 0 && number < DEBUG_PRINT_METHOD_COUNT &&
                        method.c_str() == std::string(kDebugPrintMethodNames[number]);
-    assert(accepted == (known && Fit(request.GetChildren(), kShapes[number][0])));
-    assert(!accepted || Fit(Branch(std::istringstream(reply)).GetChildren(), kShapes[number][1]));
+    const Shapes expected = known ? shapes.at(method.c_str()) : Shapes();
+    assert(accepted == (known && Fit(request.GetChildren(), expected.request)));
+    assert(!accepted || Fit(Branch(std::istringstream(reply)).GetChildren(), expected.reply));
     const std::string before = std::exchange(state, StateOf(client));
-    if (!accepted || *kShapes[number][0] == '\0')
+    if (!accepted || expected.request.empty())
         assert(state == before);
     else if (number == DEBUG_PRINT_SET_MENU_ITEMS) {
         NormaliseFlags(request.GetChildren()[0]);

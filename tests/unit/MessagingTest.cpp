@@ -157,6 +157,7 @@ TEST(DebugPrintService, RepliesToEveryMethod)
     const host::Bus client = service.Connect();
     ExpectExchanges("service", {std::begin(kDebugPrintMethodNames), std::end(kDebugPrintMethodNames)},
                     [&](const std::string& request) { return FoldMenus(CallService(client, request)); });
+    EXPECT_EQ(CallService(client, "Start " + std::to_string(DEBUG_PRINT_METHOD_COUNT)), "no method has that number");
     const auto setName = [&client](unsigned size) {
         const std::string name = "[0:u" + std::to_string(size) + " 1:'" + std::string(size, 'n') + "']";
         return CallService(client, "SetMenuItems 5 0:[-1:[0:" + name + " 1:y0 2:u1]]");

@@ -15,6 +15,10 @@ namespace host
 namespace
 {
 
+using Item = DebugPrintService::Item;
+using State = DebugPrintService::State;
+using Values = std::vector<TCTreeNode>;
+
 constexpr std::uint32_t kExit = 99;
 constexpr short kElementTag = -1;
 constexpr std::size_t kMaxNameBytes = 16U << 20; // of all items together; a reply has space for more
@@ -37,8 +41,6 @@ TCTreeNode Number(std::uint32_t number) { return {0, number}; }
 TCTreeNode Flag(bool on) { return {0, static_cast<std::uint8_t>(on)}; }
 
 const char* OnOff(bool on) { return on ? "on" : "off"; }
-
-} // namespace
 
 /// Reads the values of a request in order. Throws std::invalid_argument for a missing value and a wrong type or tag.
 class RequestReader
@@ -87,10 +89,174 @@ private:
     std::size_t m_next = 0;
 };
 
-DebugPrintService::DebugPrintService()
-    : m_items{{"Tuner", false, 1}, {"Source", false, 2},       {"Video", false, 3},
-              {"Audio", false, 4}, {"Service list", false, 5}, {"Programme guide", false, 6}}
+Item ReadItem(RequestReader& request)
 {
+    const auto& branch = request.Take<TCTreeBranch>();
+    RequestReader parts(branch.GetChildren());
+    Item item;
+    item.name = parts.TakeText();
+    item.on = parts.Take<std::uint8_t>() != 0;
+    item.id = parts.Take<std::uint32_t>();
+    parts.End();
+    return item;
+}
+
+// Throws std::invalid_argument if the names are too long for a reply.
+void SetItems(State& state, std::vector<Item> items)
+{
+    const auto bytes = std::accumulate(items.begin(), items.end(), std::size_t{0},
+                                       [](std::size_t sum, const Item& item) { return sum + item.name.size(); });
+    if (bytes > kMaxNameBytes)
+        throw std::invalid_argument("the names are too long for an answer");
+    state.items = std::move(items);
+}
+
+std::string Screen(const State& state)
+{
+    const std::string thick = TCDebugMenuUtility::thickLine, thin = TCDebugMenuUtility::thinLine;
+    std::string screen = thick + "\t[TV Service Debug Print]\t\n" + thin;
+    for (const Item& item : state.items)
+        screen += " " + std::to_string(item.id) + ". " + item.name + " [" + OnOff(item.on) + "]\n";
+    screen += thin + " QoS: " + OnOff(state.qos) + "\n";
+    for (const auto& [mode, name] : kDebugModes)
+        screen += std::string(" Debug mode ") + name + ": " + OnOff(state.debugModes.count(mode) > 0) + "\n";
+    return screen + thin + " 99 : Exit\n" + thick + "tvs> ";
+}
+
+Values Start(State& state, RequestReader& request)
+{
+    request.End();
+    return {Number(1), TextNode(1, Screen(state))};
+}
+
+Values Execute(State& state, RequestReader& request)
+{
+    const std::string word = request.TakeText();
+    request.End();
+    std::uint32_t id = 0;
+    const auto [stop, error] = std::from_chars(word.data(), word.data() + word.size(), id);
+    const bool isNumber = error == std::errc{} && stop == word.data() + word.size();
+    if (isNumber && id == kExit)
+        return {Number(0), TextNode(1, "")};
+    const auto item = std::find_if(state.items.begin(), state.items.end(),
+                                   [&](const Item& candidate) { return isNumber && candidate.id == id; });
+    if (item == state.items.end())
+        return {Number(1), TextNode(1, "Not an item of this menu\n" + Screen(state))};
+    item->on = !item->on;
+    return {Number(1), TextNode(1, Screen(state))};
+}
+
+Values Stop(State& /*state*/, RequestReader& request)
+{
+    request.End();
+    return {Number(1)};
+}
+
+// The check value is the number of items that are on.
+Values Check(State& state, RequestReader& request)
+{
+    request.End();
+    const auto printing =
+        std::count_if(state.items.begin(), state.items.end(), [](const Item& item) { return item.on; });
+    return {Number(1), Number(static_cast<std::uint32_t>(printing))};
+}
+
+Values GetMenuItems(State& state, RequestReader& request)
+{
+    request.End();
+    TCTreeBranch list;
+    for (const Item& item : state.items) {
+        TCTreeBranch branch;
+        branch.AppendChild(TextNode(0, item.name));
+        branch.AppendChild({1, static_cast<std::uint8_t>(item.on)});
+        branch.AppendChild({2, item.id});
+        list.AppendChild({kElementTag, std::move(branch)});
+    }
+    return {Number(1), {1, std::move(list)}};
+}
+
+Values SetMenuItems(State& state, RequestReader& request)
+{
+    const auto& list = request.Take<TCTreeBranch>();
+    request.End();
+    std::vector<Item> items;
+    for (RequestReader elements(list.GetChildren(), RequestReader::ELEMENTS); elements.HasMore();)
+        items.push_back(ReadItem(elements));
+    SetItems(state, std::move(items));
+    return {Number(1)};
+}
+
+Values SetMenuItem(State& state, RequestReader& request)
+{
+    const Item changed = ReadItem(request);
+    request.End();
+    std::vector<Item> items = state.items;
+    const auto item =
+        std::find_if(items.begin(), items.end(), [&](const Item& candidate) { return candidate.id == changed.id; });
+    if (item == items.end())
+        return {Number(0)};
+    *item = changed;
+    SetItems(state, std::move(items));
+    return {Number(1)};
+}
+
+Values SetQoSEnabled(State& state, RequestReader& request)
+{
+    const bool on = request.Take<std::uint8_t>() != 0;
+    request.End();
+    state.qos = on;
+    return {Number(1)};
+}
+
+Values IsQoSEnabled(State& state, RequestReader& request)
+{
+    request.End();
+    return {Flag(state.qos)};
+}
+
+Values SetDebugMode(State& state, RequestReader& request)
+{
+    const auto mode = request.Take<std::uint32_t>();
+    const bool on = request.Take<std::uint8_t>() != 0;
+    request.End();
+    const bool known = std::any_of(std::begin(kDebugModes), std::end(kDebugModes),
+                                   [mode](const auto& entry) { return entry.first == mode; });
+    if (known && on)
+        state.debugModes.insert(mode);
+    else if (known)
+        state.debugModes.erase(mode);
+    return {Number(known ? 1 : 0)};
+}
+
+Values IsDebugModeEnabled(State& state, RequestReader& request)
+{
+    const auto mode = request.Take<std::uint32_t>();
+    request.End();
+    return {Flag(state.debugModes.count(mode) > 0)};
+}
+
+constexpr Values (*kMethods[])(State&, RequestReader&) = {
+    Start,              // 0
+    Execute,            // 1
+    Stop,               // 2
+    Check,              // 3
+    GetMenuItems,       // 4
+    SetMenuItems,       // 5
+    SetMenuItem,        // 6
+    SetQoSEnabled,      // 7
+    IsQoSEnabled,       // 8
+    SetDebugMode,       // 9
+    IsDebugModeEnabled, // 10
+};
+static_assert(std::size(kMethods) == std::size(kDebugPrintMethodNames),
+              "each name has a method, in the order of the numbers");
+
+} // namespace
+
+DebugPrintService::DebugPrintService()
+{
+    m_state.items = {{"Tuner", false, 1}, {"Source", false, 2},       {"Video", false, 3},
+                     {"Audio", false, 4}, {"Service list", false, 5}, {"Programme guide", false, 6}};
 }
 
 void DebugPrintService::Serve(sd_bus* bus)
@@ -112,31 +278,16 @@ void DebugPrintService::Serve(sd_bus* bus)
 
 int DebugPrintService::m_OnCall(sd_bus_message* message, void* service, sd_bus_error* error)
 {
-    static constexpr Values (DebugPrintService::*methods[])(RequestReader&) = {
-        &DebugPrintService::m_Start,
-        &DebugPrintService::m_Execute,
-        &DebugPrintService::m_Stop,
-        &DebugPrintService::m_Check,
-        &DebugPrintService::m_GetMenuItems,
-        &DebugPrintService::m_SetMenuItems,
-        &DebugPrintService::m_SetMenuItem,
-        &DebugPrintService::m_SetQoSEnabled,
-        &DebugPrintService::m_IsQoSEnabled,
-        &DebugPrintService::m_SetDebugMode,
-        &DebugPrintService::m_IsDebugModeEnabled,
-    };
-    static_assert(std::size(methods) == std::size(kDebugPrintMethodNames),
-                  "each name has a method, in the order of the numbers");
     try {
         std::uint16_t number = 0;
         Checked(sd_bus_message_read_basic(message, 'n', &number));
-        if (number >= std::size(methods))
+        if (number >= std::size(kMethods))
             throw std::invalid_argument("no method has that number");
         if (std::strcmp(kDebugPrintMethodNames[number], sd_bus_message_get_member(message)) != 0)
             throw std::invalid_argument("the number is not the method's");
         const Values values = ReadValues(message);
         RequestReader request(values);
-        const Values answer = (static_cast<DebugPrintService*>(service)->*methods[number])(request);
+        const Values answer = kMethods[number](static_cast<DebugPrintService*>(service)->m_state, request);
 
         sd_bus_message* made = nullptr;
         Checked(sd_bus_message_new_method_return(message, &made));
@@ -146,150 +297,6 @@ int DebugPrintService::m_OnCall(sd_bus_message* message, void* service, sd_bus_e
     } catch (const std::exception& exception) {
         return sd_bus_error_set(error, SD_BUS_ERROR_INVALID_ARGS, exception.what());
     }
-}
-
-DebugPrintService::Values DebugPrintService::m_Start(RequestReader& request)
-{
-    request.End();
-    return {Number(1), TextNode(1, m_Screen())};
-}
-
-DebugPrintService::Values DebugPrintService::m_Execute(RequestReader& request)
-{
-    const std::string word = request.TakeText();
-    request.End();
-    std::uint32_t id = 0;
-    const auto [stop, error] = std::from_chars(word.data(), word.data() + word.size(), id);
-    const bool isNumber = error == std::errc{} && stop == word.data() + word.size();
-    if (isNumber && id == kExit)
-        return {Number(0), TextNode(1, "")};
-    const auto item = std::find_if(m_items.begin(), m_items.end(),
-                                   [&](const Item& candidate) { return isNumber && candidate.id == id; });
-    if (item == m_items.end())
-        return {Number(1), TextNode(1, "Not an item of this menu\n" + m_Screen())};
-    item->on = !item->on;
-    return {Number(1), TextNode(1, m_Screen())};
-}
-
-DebugPrintService::Values DebugPrintService::m_Stop(RequestReader& request)
-{
-    request.End();
-    return {Number(1)};
-}
-
-// The check value is the number of items that are on.
-DebugPrintService::Values DebugPrintService::m_Check(RequestReader& request)
-{
-    request.End();
-    const auto printing = std::count_if(m_items.begin(), m_items.end(), [](const Item& item) { return item.on; });
-    return {Number(1), Number(static_cast<std::uint32_t>(printing))};
-}
-
-DebugPrintService::Values DebugPrintService::m_GetMenuItems(RequestReader& request)
-{
-    request.End();
-    TCTreeBranch list;
-    for (const Item& item : m_items) {
-        TCTreeBranch branch;
-        branch.AppendChild(TextNode(0, item.name));
-        branch.AppendChild({1, static_cast<std::uint8_t>(item.on)});
-        branch.AppendChild({2, item.id});
-        list.AppendChild({kElementTag, std::move(branch)});
-    }
-    return {Number(1), {1, std::move(list)}};
-}
-
-DebugPrintService::Values DebugPrintService::m_SetMenuItems(RequestReader& request)
-{
-    const auto& list = request.Take<TCTreeBranch>();
-    request.End();
-    std::vector<Item> items;
-    for (RequestReader elements(list.GetChildren(), RequestReader::ELEMENTS); elements.HasMore();)
-        items.push_back(m_ReadItem(elements));
-    m_SetItems(std::move(items));
-    return {Number(1)};
-}
-
-DebugPrintService::Values DebugPrintService::m_SetMenuItem(RequestReader& request)
-{
-    const Item changed = m_ReadItem(request);
-    request.End();
-    std::vector<Item> items = m_items;
-    const auto item =
-        std::find_if(items.begin(), items.end(), [&](const Item& candidate) { return candidate.id == changed.id; });
-    if (item == items.end())
-        return {Number(0)};
-    *item = changed;
-    m_SetItems(std::move(items));
-    return {Number(1)};
-}
-
-DebugPrintService::Values DebugPrintService::m_SetQoSEnabled(RequestReader& request)
-{
-    const bool on = request.Take<std::uint8_t>() != 0;
-    request.End();
-    m_qos = on;
-    return {Number(1)};
-}
-
-DebugPrintService::Values DebugPrintService::m_IsQoSEnabled(RequestReader& request)
-{
-    request.End();
-    return {Flag(m_qos)};
-}
-
-DebugPrintService::Values DebugPrintService::m_SetDebugMode(RequestReader& request)
-{
-    const auto mode = request.Take<std::uint32_t>();
-    const bool on = request.Take<std::uint8_t>() != 0;
-    request.End();
-    const bool known = std::any_of(std::begin(kDebugModes), std::end(kDebugModes),
-                                   [mode](const auto& entry) { return entry.first == mode; });
-    if (known && on)
-        m_debugModes.insert(mode);
-    else if (known)
-        m_debugModes.erase(mode);
-    return {Number(known ? 1 : 0)};
-}
-
-DebugPrintService::Values DebugPrintService::m_IsDebugModeEnabled(RequestReader& request)
-{
-    const auto mode = request.Take<std::uint32_t>();
-    request.End();
-    return {Flag(m_debugModes.count(mode) > 0)};
-}
-
-DebugPrintService::Item DebugPrintService::m_ReadItem(RequestReader& request)
-{
-    const auto& branch = request.Take<TCTreeBranch>();
-    RequestReader parts(branch.GetChildren());
-    Item item;
-    item.name = parts.TakeText();
-    item.on = parts.Take<std::uint8_t>() != 0;
-    item.id = parts.Take<std::uint32_t>();
-    parts.End();
-    return item;
-}
-
-void DebugPrintService::m_SetItems(std::vector<Item> items)
-{
-    const auto bytes = std::accumulate(items.begin(), items.end(), std::size_t{0},
-                                       [](std::size_t sum, const Item& item) { return sum + item.name.size(); });
-    if (bytes > kMaxNameBytes)
-        throw std::invalid_argument("the names are too long for an answer");
-    m_items = std::move(items);
-}
-
-std::string DebugPrintService::m_Screen() const
-{
-    const std::string thick = TCDebugMenuUtility::thickLine, thin = TCDebugMenuUtility::thinLine;
-    std::string screen = thick + "\t[TV Service Debug Print]\t\n" + thin;
-    for (const Item& item : m_items)
-        screen += " " + std::to_string(item.id) + ". " + item.name + " [" + OnOff(item.on) + "]\n";
-    screen += thin + " QoS: " + OnOff(m_qos) + "\n";
-    for (const auto& [mode, name] : kDebugModes)
-        screen += std::string(" Debug mode ") + name + ": " + OnOff(m_debugModes.count(mode) > 0) + "\n";
-    return screen + thin + " 99 : Exit\n" + thick + "tvs> ";
 }
 
 } // namespace host

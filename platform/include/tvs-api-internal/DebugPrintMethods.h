@@ -15,6 +15,7 @@ enum EDebugPrintMethod : short {
     DEBUG_PRINT_IS_QOS_ENABLED = 8,
     DEBUG_PRINT_SET_DEBUG_MODE = 9,
     DEBUG_PRINT_IS_DEBUG_MODE_ENABLED = 10,
+    DEBUG_PRINT_METHOD_COUNT
 };
 
 /// The names of the methods, in the order of their numbers.
@@ -31,5 +32,5 @@ constexpr const char* kDebugPrintMethodNames[] = {
     "SetDebugMode",       // 9
     "IsDebugModeEnabled", // 10
 };
-static_assert(sizeof kDebugPrintMethodNames / sizeof *kDebugPrintMethodNames == DEBUG_PRINT_IS_DEBUG_MODE_ENABLED + 1,
+static_assert(sizeof kDebugPrintMethodNames / sizeof *kDebugPrintMethodNames == DEBUG_PRINT_METHOD_COUNT,
               "each number has a name");

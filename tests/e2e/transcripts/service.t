@@ -1,8 +1,8 @@
 The TV service on a bus: bus tools list its methods, a second service cannot take its name, and it prints why it ends.
 
-  $ dbus-run-session -- bash -c 'exec 2>&1; export TVS_BUS=session; { tvserviced; echo $?; } & for i in {1..100}; do busctl --user introspect com.kavrin.TVService /com/kavrin/TVService/SignalObject com.kavrin.IDebugPrintControl 2>/dev/null | grep -c " method *nav *av " >count && break; sleep 0.1; done; cat count; tvserviced; echo $?' 2>/dev/null | cat
+  $ dbus-run-session -- bash -c 'exec 2>&1; export TVS_BUS=session; { tvserviced; echo $?; } & for i in {1..100}; do busctl --user introspect com.kavrin.TVService /com/kavrin/TVService/SignalObject com.kavrin.IDebugPrintControl 2>/dev/null | grep -o "^.Start *method *nav *av" >seen && break; sleep 0.1; done; tr -s " " <seen; tvserviced; echo $?' 2>/dev/null | cat
   tvserviced: serving com.kavrin.TVService on session
-  11
+  .Start method nav av
   tvserviced: session: com.kavrin.TVService has an owner already
   1
   tvserviced: the bus has ended
