@@ -42,14 +42,10 @@ struct Faults {
 constexpr std::size_t kSignalBytes = sizeof(TSSignalData::bytes);
 
 struct Scenario {
-    std::int32_t antennaMode = 0;
-    std::int32_t serviceMode = 0;
-    bool captionExist = false;
-    bool pidSetStatus = false;
-    bool zoomAvailable = true;
-    std::int32_t zoomSharingType = 0;
+#define KEY(group, key, type, member, value) type member = value;
+#include "host/call/ScenarioKeys.def"
+#undef KEY
     std::map<std::string, std::int32_t> vconf;
-    std::optional<std::uint64_t> latestRFCable, latestRFAir, latestVelunaCable, latestVelunaAir;
     std::vector<ScenarioService> services;
     std::array<Faults, kOperationCount> faults; ///< by operation
     std::map<int, TSSignalData> signals;        ///< data by signal type; other types carry zeros

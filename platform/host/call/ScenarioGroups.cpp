@@ -43,7 +43,14 @@ template <class Map> std::vector<std::string> KeysOf(const Map& map)
 class Reader
 {
 public:
-    explicit Reader(std::string path) : m_path(std::move(path)) {}
+    explicit Reader(std::string path) : m_path(std::move(path))
+    {
+#define KEY(group, key, type, member, value)                                                                           \
+    m_fields[#group][#key] = &Scenario::member;                                                                        \
+    m_readers[#group] = &Reader::m_ReadField;
+#include "host/call/ScenarioKeys.def"
+#undef KEY
+    }
 
     Scenario Read(std::string text)
     {
@@ -93,18 +100,13 @@ private:
 
     void m_ReadGroup(const std::string& group)
     {
-        static const std::map<std::string, KeyReader> readers = {
-            {"tv", &Reader::m_ReadField},      {"vconf", &Reader::m_ReadVconf},    {"latest", &Reader::m_ReadField},
-            {"result", &Reader::m_ReadResult}, {"throw", &Reader::m_ReadThrow},    {"delay", &Reader::m_ReadDelay},
-            {"signal", &Reader::m_ReadSignal}, {kService, &Reader::m_ReadService},
-        };
         m_group = group;
         const bool isService = group.rfind(kService, 0) == 0;
         if (isService)
             m_scenario.services.emplace_back();
-        const auto reader = readers.find(isService ? kService : group);
-        if (reader == readers.end())
-            m_Fail("[" + Shortened(group) + "]: unknown group" + Suggestion(group, KeysOf(readers)));
+        const auto reader = m_readers.find(isService ? kService : group);
+        if (reader == m_readers.end())
+            m_Fail("[" + Shortened(group) + "]: unknown group" + Suggestion(group, KeysOf(m_readers)));
         g_auto(GStrv) keys = g_key_file_get_keys(m_file.get(), group.c_str(), nullptr, nullptr);
         for (char** key = keys; *key != nullptr; ++key)
             (this->*reader->second)(*key);
@@ -113,25 +115,7 @@ private:
     // Reads a key that sets one member of the scenario.
     void m_ReadField(const std::string& key)
     {
-        static const std::map<std::string, std::map<std::string, Field>> groups = {
-            {"tv",
-             {
-                 {"antenna_mode", &Scenario::antennaMode},
-                 {"service_mode", &Scenario::serviceMode},
-                 {"caption_exist", &Scenario::captionExist},
-                 {"pid_set_status", &Scenario::pidSetStatus},
-                 {"zoom_available", &Scenario::zoomAvailable},
-                 {"zoom_sharing_type", &Scenario::zoomSharingType},
-             }},
-            {"latest",
-             {
-                 {"rf_cable", &Scenario::latestRFCable},
-                 {"rf_air", &Scenario::latestRFAir},
-                 {"veluna_cable", &Scenario::latestVelunaCable},
-                 {"veluna_air", &Scenario::latestVelunaAir},
-             }},
-        };
-        const auto& fields = groups.at(m_group);
+        const auto& fields = m_fields.at(m_group);
         const auto field = fields.find(key);
         if (field == fields.end())
             m_FailKey(key, "unknown key" + Suggestion(key, KeysOf(fields)));
@@ -290,6 +274,11 @@ private:
     }
 
     std::string m_path;
+    std::map<std::string, std::map<std::string, Field>> m_fields; // by group and key
+    std::map<std::string, KeyReader> m_readers = {
+        {"vconf", &Reader::m_ReadVconf}, {"result", &Reader::m_ReadResult}, {"throw", &Reader::m_ReadThrow},
+        {"delay", &Reader::m_ReadDelay}, {"signal", &Reader::m_ReadSignal}, {kService, &Reader::m_ReadService},
+    };
     const std::unique_ptr<GKeyFile, decltype(&g_key_file_free)> m_file{g_key_file_new(), g_key_file_free};
     std::string m_group;
     Scenario m_scenario;
