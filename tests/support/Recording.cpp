@@ -3,11 +3,8 @@
 #include "support/Match.h"
 #include "support/Tool.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <filesystem>
 #include <fstream>
-#include <map>
 #include <sstream>
 
 namespace
@@ -15,81 +12,29 @@ namespace
 
 const std::string kMenus = SESSION_PATH "/menus.session";
 
-std::string PathOf(const Recording& recording) { return SESSION_PATH "/" + recording.name + ".session"; }
-
-std::string FileText(const Recording& recording)
-{
-    return (recording.scenario.empty() ? "" : "--- scenario\n" + recording.scenario) + "--- input\n" + recording.input +
-           "--- record\n" + recording.record;
-}
-
-std::string Run(const char* tool, const std::string& input, const std::string& scenario)
+std::string Run(const char* tool, const std::string& words, const std::string& scenario)
 {
     Tool process(scenario, {{"TVS_TRACE", "-"}}, {"sh", "-c", std::string("exec ") + tool + " 2>&1"});
-    process.Type(input);
+    process.Type(words);
     const int status = process.End();
     return FoldMenus(process.Text() + (status == 0 ? "" : "exit status " + std::to_string(status) + "\n"));
 }
 
-std::map<std::string, std::string> LoadMenus()
-{
-    std::map<std::string, std::string> menus;
-    std::istringstream text(ReadFile(kMenus));
-    std::string name;
-    for (std::string line; std::getline(text, line);) {
-        if (line.rfind('<', 0) == 0)
-            name = line + "\n";
-        else
-            menus[name] += line + "\n";
-    }
-    return menus;
-}
-
 } // namespace
 
-std::vector<std::string> RecordingNames()
+std::string PlayWithEcho(const std::string& words, const std::string& scenario)
 {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(SESSION_PATH))
-        if (entry.path() != kMenus)
-            names.push_back(entry.path().stem());
-    std::sort(names.begin(), names.end());
-    return names;
+    return Run(ECHOING_TOOL_PATH, words, scenario);
 }
 
-Recording LoadRecording(const std::string& name)
-{
-    Recording recording{name, "", "", ""};
-    std::istringstream text(ReadFile(PathOf(recording)));
-    std::string* section = nullptr;
-    for (std::string line; std::getline(text, line);) {
-        if (line == "--- scenario")
-            section = &recording.scenario;
-        else if (line == "--- input")
-            section = &recording.input;
-        else if (line == "--- record")
-            section = &recording.record;
-        else if (section != nullptr)
-            *section += line + "\n";
-    }
-    return recording;
-}
-
-std::string PlayWithEcho(const std::string& input, const std::string& scenario)
-{
-    return Run(ECHOING_TOOL_PATH, input, scenario);
-}
-
-std::string Play(const std::string& input, const std::string& scenario) { return Run(TOOL_PATH, input, scenario); }
-
-std::string WithoutEcho(const std::string& record) { return Replaced(record, "(‹.*›|«.*»)\n"); }
+std::string Play(const std::string& words, const std::string& scenario) { return Run(TOOL_PATH, words, scenario); }
 
 std::string FoldMenus(std::string text)
 {
-    static const std::map<std::string, std::string> menus = LoadMenus();
-    for (const auto& [name, menu] : menus)
-        for (std::size_t at = 0; (at = text.find(menu, at)) != std::string::npos;)
-            text.replace(at, menu.size(), name);
+    static const auto menus = Matches(ReadFile(kMenus), R"((<\w+>\n)([^<]+))");
+    for (const auto& menu : menus)
+        for (std::size_t at = 0; (at = text.find(menu[2], at)) != std::string::npos;)
+            text.replace(at, menu[2].size(), menu[1]);
     return text;
 }
 
@@ -119,11 +64,6 @@ testing::AssertionResult MatchesRecord(const std::string& path, const std::strin
                 : testing::AssertionFailure()
                       << same.message() << "To record it: DEBUGUTIL_RECORD=1 " << program_invocation_name
                       << " --gtest_filter=" << test->test_suite_name() << "." << test->name();
-}
-
-testing::AssertionResult MatchesRecord(const Recording& recording)
-{
-    return MatchesRecord(PathOf(recording), FileText(recording));
 }
 
 void ExpectExchanges(const std::string& name, const std::vector<std::string>& required,
