@@ -183,8 +183,8 @@ gboolean Session::OnReadable(int output, GIOCondition, gpointer session)
 
 void Session::m_ReadOutput(int output)
 {
-    m_TakeSignals(); // before what the command prints because of them
-    std::array<char, 1 << 16> buffer; // all that a pipe holds
+    m_TakeSignals();                  // before what the command prints because of them
+    std::array<char, 1 << 16> buffer; // as much as a pipe holds
     const ssize_t count = read(output, buffer.data(), buffer.size());
     if (count <= 0) {
         m_EndOutput();

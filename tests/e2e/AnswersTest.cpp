@@ -15,8 +15,7 @@ std::string AnswerTo(const std::string& words, const std::string& scenario)
 {
     const std::string inputEnd = "‹end of input›\n", record = PlayWithEcho(words, scenario);
     EXPECT_FALSE(Matches(record, "(<top>\ncmd> (" + inputEnd + ")?|\"Stop\", 2\\) = true\n)$").empty())
-        << words << "\n"
-        << record;
+        << words + "\n" + record;
     const std::size_t end = record.find(inputEnd);
     const std::size_t lastWord = record.rfind("›\n", end);
     return Replaced(Replaced(record.substr(lastWord + 4, end - lastWord - 4), "\tSIGNAL_.*\n"), "\n", "⏎");

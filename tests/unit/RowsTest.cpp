@@ -35,9 +35,9 @@ struct Rows : testing::Test {
     }
     bool Next() { return !HasFailure() && std::getline(rows, row); }
 
-    // A line of the last section that injects no fault: the words of a row and its answer, which is left out.
-    std::istringstream rows{Replaced(Replaced(ReadFile(ANSWERS_PATH), "(?s)^.*\n--- rows.*?\n"),
-                                     R"((?m) \| \|.*$|^[^|]* \| [^| ].*\n)")};
+    // The last section of answers.txt, without its faults and answers.
+    const std::string section = Replaced(ReadFile(ANSWERS_PATH), "(?s)^.*\n--- rows.*?\n");
+    std::istringstream rows{Replaced(section, R"((?m) \| \|.*$|^[^|]* \| [^| ].*\n)")};
     std::string row;
 };
 
