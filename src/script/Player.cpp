@@ -8,7 +8,7 @@ namespace script
 namespace
 {
 
-constexpr std::size_t kMaxPrinted = 200; // lines of a report: some ten menus
+constexpr std::size_t kMaxPrinted = 200; // lines of output in a report, about ten menus
 
 } // namespace
 
@@ -39,7 +39,7 @@ void Player::m_AwaitNext()
 
 void Player::m_OnLine(const PrintedLine& line)
 {
-    m_prompt.clear(); // until it has settled anew
+    m_prompt.clear(); // until the next prompt is recognized
     m_printed.push_back(line.whole);
     if (m_printed.size() > kMaxPrinted) {
         m_printed.pop_front();
@@ -108,7 +108,7 @@ void Player::m_Report(bool passed, const std::string& step)
     if (m_reported == 0)
         text = "1.." + std::to_string(m_lines.size() + 1) + "\n";
     text += (passed ? "ok " : "not ok ") + std::to_string(++m_reported) + " - ";
-    for (const char byte : step) // TAP reads directives after a '#'
+    for (const char byte : step) // in TAP, a '#' starts a directive
         text += byte == '#' ? "\\#" : std::string(1, byte);
     std::cout << text + "\n" << std::flush;
 }

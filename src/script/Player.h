@@ -15,10 +15,10 @@ namespace script
 class Player : private Session
 {
 public:
-    /// Each line is awaited for at most that time. With `tap` standard output gets a line in TAP for each step.
+    /// `limit` is the timeout of each line. With `tap`, prints a line in TAP for each step.
     Player(std::string name, std::vector<Line> lines, std::chrono::milliseconds limit, bool tap);
 
-    /// Returns whether every line was met and the command ended with 0. What was not is printed to standard error.
+    /// Returns true if every line was met and the command ended with 0; otherwise prints an error to standard error.
     /// Throws std::runtime_error if the command cannot be started.
     bool Play(const std::vector<std::string>& command);
 
@@ -39,9 +39,9 @@ private:
     std::size_t m_reported = 0;
     bool m_failed = false;
     Timer m_waiting;
-    std::string m_prompt;              // at which the tool waits
-    std::deque<std::string> m_printed; // since the last word, the newest lines
-    std::size_t m_dropped = 0;         // of these, the older ones
+    std::string m_prompt;              // the tool waits at it
+    std::deque<std::string> m_printed; // the newest lines since the last word
+    std::size_t m_dropped = 0;         // number of the older lines since the last word
 };
 
 } // namespace script

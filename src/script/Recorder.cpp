@@ -16,10 +16,10 @@ namespace script
 namespace
 {
 
-// A signal that comes later after the prompt comes after it in each session.
+// A signal that is printed later than that after a prompt is printed after the prompt in every session.
 constexpr gint64 kLateTime = G_USEC_PER_SEC / 5;
 
-constexpr std::size_t kMaxPending = 1U << 20; // a command that prints on and on must not fill the memory
+constexpr std::size_t kMaxPending = 1U << 20; // a command that prints without end must not fill the memory
 
 } // namespace
 
@@ -39,18 +39,18 @@ bool Recorder::Record(const std::vector<std::string>& command)
 
 void Recorder::m_OnOutput(std::string_view output)
 {
-    m_prompt.clear(); // until it has settled anew
+    m_prompt.clear(); // until the next prompt is recognized
     std::cout << output << std::flush;
 }
 
-// A signal that came with the lines of a step may come before or after them another time: it is written as a comment,
-// which the engineer may turn into a line. One that came while the prompt stood is awaited: the engineer may have
-// waited for it, too.
+// In another session a signal may be printed before or after the other lines of its step. It is written as a comment,
+// which the engineer can turn into a line. A signal that is printed while the tool waits at a prompt becomes a line:
+// the engineer may have waited for it.
 void Recorder::m_OnLine(const PrintedLine& line)
 {
     const std::string& text = line.isSignal && !line.late.empty() ? line.late : line.whole;
     if (text.empty() || !m_InputIsOpen())
-        return; // what comes after the end of the input is not awaited: a script closes the input after its last line
+        return; // a script closes the input after its last line, so it cannot await later output
     const bool isLate = m_promptTime != 0 && g_get_monotonic_time() - m_promptTime > kLateTime;
     m_lines += line.isSignal && !isLate ? "# " + text : LineFor(text, !line.isSignal && !line.late.empty());
     m_lines += '\n';
@@ -103,7 +103,7 @@ gboolean Recorder::OnTyped(int input, GIOCondition, gpointer recorder)
     return G_SOURCE_REMOVE;
 }
 
-// Each word waits for its own prompt, and so does the end of the input: played again they meet the same prompts.
+// Each word, and the end of the input, waits for its own prompt, so that the played script finds the same prompts.
 void Recorder::m_Pass()
 {
     m_waiting.Stop();

@@ -14,11 +14,11 @@ namespace script
 class Recorder : private Session
 {
 public:
-    /// Empties the file. A word that does not come from a terminal waits for its prompt for at most that time. Throws
+    /// Empties the file. `limit` is how long a word that is not typed at a terminal waits for its prompt. Throws
     /// std::runtime_error.
     Recorder(std::string path, std::chrono::milliseconds limit);
 
-    /// Returns whether the session was written whole and the command ended with 0. What went wrong is printed to
+    /// Returns true if the whole session was written and the command ended with 0; otherwise prints an error to
     /// standard error. Throws std::runtime_error if the command cannot be started.
     bool Record(const std::vector<std::string>& command);
 
@@ -40,10 +40,10 @@ private:
     std::string m_typed; // words that wait for their prompts, and an unfinished one
     bool m_typedAll = false;
     guint m_typing = 0;
-    std::string m_prompt; // at which the tool waits
+    std::string m_prompt; // the tool waits at it
     bool m_forLong = false;
-    gint64 m_promptTime = 0; // since when it has waited for a word
-    std::string m_lines;     // printed since the last prompt settled
+    gint64 m_promptTime = 0; // when it was printed; 0 for none
+    std::string m_lines;     // printed since the last prompt
     bool m_failed = false;
 };
 

@@ -11,7 +11,7 @@ namespace
 
 // How the lines of signals begin, in the TVS debug menu and in the TPMS test menu.
 constexpr std::string_view kSignals[] = {"[DebugUtil] SignalReceivedCallback - signal:", "\tSIGNAL_"};
-constexpr std::size_t kMaxLine = 1U << 20; // a longer one is cut: nobody compares it, and it must not fill the memory
+constexpr std::size_t kMaxLine = 1U << 20; // a longer line is divided, so that it does not fill the memory
 
 std::string Valid(const std::string& bytes)
 {

@@ -11,28 +11,28 @@ namespace script
 /// A printed line, in UTF-8: other bytes are U+FFFD. A line end and one CR before it are left out.
 struct PrintedLine {
     std::string whole; ///< as it is on the screen
-    std::string late;  ///< what came after the prompt that stood at its start, or empty
+    std::string late;  ///< the part after the prompt at its start; empty if there is no prompt
     bool isSignal;     ///< whether `late`, or the whole line, is the line of a signal
 };
 
 /// Divides the output into lines and prompts. Other threads of the tool print signals at any time, also while the
-/// console thread waits at a prompt: the prompt still stands then, although it is no longer the last text.
+/// console thread waits at a prompt: it still waits at that prompt then, although other text has followed.
 class Screen
 {
 public:
     /// Adds output and calls `onLine` for each line that is complete.
     void Add(std::string_view output, const std::function<void(const PrintedLine&)>& onLine);
-    /// Adds the line end that the last line of an output may lack.
+    /// At the end of the output: calls `onLine` for a last line without a line end.
     void Finish(const std::function<void(const PrintedLine&)>& onLine);
-    /// The prompt, once no output has come for a moment; empty if the tool does not wait at one.
+    /// Call it when no output has come for a moment. Returns the prompt, or an empty text if there is none.
     std::string Settle();
-    /// The prompt has been answered; what comes begins a line, as at a terminal, which shows the word and its line end.
+    /// Call it when a word has been typed: the next output begins a line, as at a terminal, which shows the line end.
     void Answered();
 
 private:
     PrintedLine m_TakeLine();
-    std::string m_rest;   // the line that has no end yet
-    std::string m_prompt; // the rest that has settled and has had no answer
+    std::string m_rest;   // the last line, which has no line end yet
+    std::string m_prompt; // the prompt that waits for a word
 };
 
 } // namespace script

@@ -41,7 +41,7 @@ std::shared_ptr<GRegex> Compile(const std::string& pattern)
     return regex;
 }
 
-// `*` is any text, `?` any character; a backslash takes their meaning from them and from itself.
+// `*` matches any text, `?` any character. A backslash before `*`, `?` or a backslash makes it an ordinary character.
 bool GlobMatches(const char* pattern, const char* text)
 {
     const char *afterStar = nullptr, *resume = nullptr;
@@ -57,7 +57,7 @@ bool GlobMatches(const char* pattern, const char* text)
             pattern += escaped ? 2 : 1;
             ++text;
         } else if (afterStar != nullptr) {
-            pattern = afterStar; // the star takes one more character
+            pattern = afterStar; // the star matches one more character
             text = resume = g_utf8_next_char(resume);
         } else {
             return false;
@@ -76,8 +76,8 @@ Line::Line(int number, std::string text) : m_number(number), m_text(std::move(te
         m_glob = m_text.substr(0, m_text.size() - kGlob.size());
     } else if (EndsWith(m_text, kRegex)) {
         const std::string pattern = m_text.substr(0, m_text.size() - kRegex.size());
-        Compile(pattern); // an error names the place in the engineer's own pattern
-        // The limit keeps an unfortunate pattern from taking minutes.
+        Compile(pattern); // first without the additions, so that an error has the right position
+        // Without the limit some patterns take minutes.
         m_regex = Compile("(*LIMIT_MATCH=100000)(?:" + pattern + ")\\z");
     }
 }
@@ -142,8 +142,8 @@ std::vector<Line> ReadScript(const std::string& path)
     return ParseScript(path, text);
 }
 
-// The pieces of "cmd> " are no prompts for a word, because a blank would follow them. "Input ? " may be a piece of
-// "Input ? >": the word would be ">13" then.
+// Half a prompt must not be taken for the whole one. With half of "cmd> ", the word of the line "cmd> 5" would be " 5",
+// which is not a word. With "Input ? ", the half of "Input ? >", it would be ">13": so a word like that is not certain.
 bool IsCertain(const std::string& prompt, const std::string& word)
 {
     return std::isalnum(static_cast<unsigned char>(prompt.back())) == 0 &&

@@ -1,4 +1,4 @@
-// A checked script: the lines that are awaited from a console, one after the other.
+// A checked script: the lines to await from a console, in order.
 #pragma once
 
 #include <glib.h>
@@ -22,7 +22,7 @@ public:
 
     /// The word to type if the line is this prompt and one word after it.
     std::optional<std::string> WordAt(const std::string& prompt) const;
-    /// Whether the line awaits this printed line, which has no line end and is UTF-8.
+    /// Whether the printed line, in UTF-8 and without its line end, meets this line.
     bool Matches(const std::string& printed) const;
 
     int Number() const { return m_number; }
@@ -35,17 +35,17 @@ private:
     std::shared_ptr<GRegex> m_regex;
 };
 
-/// The lines that the text has; `name` is the file's name in errors. Throws std::runtime_error.
+/// Parses the text of a script; `name` is the file in errors. Throws std::runtime_error.
 std::vector<Line> ParseScript(const std::string& name, const std::string& text);
 
 /// Reads and parses a script of at most 64 MiB. Throws std::runtime_error.
 std::vector<Line> ReadScript(const std::string& path);
 
-/// Whether the text is certain to be a prompt for that word. If not, it may be the first piece of a longer text.
+/// Whether `prompt` is certainly a whole prompt for that word. If not, it may be the first part of a longer one.
 bool IsCertain(const std::string& prompt, const std::string& word);
 
-/// A line of a script that awaits this printed line and is never taken for a comment, a pattern or a prompt. It is the
-/// printed line itself where that is possible, and a pattern if not.
+/// The line of a script that this printed line meets: the printed line itself, or a pattern if that would be read as a
+/// comment, as a pattern or (`likePrompt`) as a prompt.
 std::string LineFor(const std::string& printed, bool likePrompt);
 
 } // namespace script

@@ -20,22 +20,23 @@ namespace
 
 using namespace std::chrono_literals;
 
-// A prompt is what has stood that long. The pieces of a text that ssh has divided come within less.
+// Text without a line end is a prompt when no output has followed for that time. The parts of a text that ssh has
+// divided arrive faster.
 constexpr auto kSettleTime = 20ms;
-// A lost packet is sent again within that time.
+// The network sends a lost packet again within that time.
 constexpr auto kLongSettleTime = 1s;
 constexpr auto kKillTime = 1s;          // from SIGTERM to SIGKILL
-constexpr auto kLastOutputTime = 200ms; // a child of the command may keep the output open for ever
+constexpr auto kLastOutputTime = 200ms; // a child process of the command may keep the output open
 constexpr int kTerminationSignals[] = {SIGHUP, SIGINT, SIGTERM};
 constexpr gint64 kSecondSignalTime = G_USEC_PER_SEC / 2;
 
-// Termination signals on their way from the handler to the main loop, a byte each. (g_unix_signal_add takes a thread in
-// between: what the command prints as it leaves would come before the signal that ended it.)
+// The pipe from the signal handler to the main loop; each byte is a termination signal. (g_unix_signal_add uses another
+// thread, so that the last output of the command would be handled before the signal that caused it.)
 int g_signals[2];
 
-bool g_ignored[NSIG]; // at the start
+bool g_ignored[NSIG]; // signals that were ignored at the start
 
-// In the child: GLib has reset them.
+// Runs in the child process, where GLib has reset the signals.
 void IgnoreSignals(gpointer)
 {
     for (const int signal : kTerminationSignals)
@@ -57,8 +58,8 @@ void Timer::Start(std::chrono::milliseconds delay, std::function<void()> functio
 {
     Stop();
     m_function = std::move(function);
-    // Has the priority of the output: a command that prints without end must not hold it up. When both are due, the output
-    // comes first, because its source is the older one.
+    // The same priority as the output's, so that a command that prints without end does not delay the timers. When both
+    // are due, the output is handled first: GLib calls the older source first.
     m_source = g_timeout_add(static_cast<guint>(delay.count()), Expire, this);
 }
 
@@ -72,7 +73,7 @@ gboolean Timer::Expire(gpointer timer)
 {
     auto* const self = static_cast<Timer*>(timer);
     self->m_source = 0;
-    const auto function = std::move(self->m_function); // which may start the timer anew
+    const auto function = std::move(self->m_function); // it may start this timer again
     function();
     return G_SOURCE_REMOVE;
 }
@@ -94,7 +95,7 @@ void Session::m_Run(const std::vector<std::string>& command)
         g_error_free(error);
         throw std::runtime_error("cannot start " + command[0] + ": " + reason);
     }
-    std::signal(SIGPIPE, SIG_IGN); // a command that has gone is noticed by its end
+    std::signal(SIGPIPE, SIG_IGN); // the end of the command is noticed by its exit
     m_input = g_unix_output_stream_get_fd(G_UNIX_OUTPUT_STREAM(g_subprocess_get_stdin_pipe(m_process.get())));
     fcntl(m_input, F_SETFL, O_NONBLOCK);
     const int output = g_unix_input_stream_get_fd(G_UNIX_INPUT_STREAM(g_subprocess_get_stdout_pipe(m_process.get())));
@@ -135,7 +136,7 @@ void Session::m_CatchSignals()
 bool Session::m_Type(const std::string& word)
 {
     const std::string line = word + "\n";
-    // A pipe takes that many bytes whole or not at all: never the half of a word.
+    // A write of at most PIPE_BUF bytes to a pipe is never split, so the command never gets half a word.
     if (!m_InputIsOpen() || line.size() > PIPE_BUF || write(m_input, line.data(), line.size()) < 0)
         return false;
     m_settling.Stop();
@@ -183,7 +184,7 @@ gboolean Session::OnReadable(int output, GIOCondition, gpointer session)
 
 void Session::m_ReadOutput(int output)
 {
-    m_TakeSignals();                  // before what the command prints because of them
+    m_TakeSignals();                  // before the output that they cause
     std::array<char, 1 << 16> buffer; // as much as a pipe holds
     const ssize_t count = read(output, buffer.data(), buffer.size());
     if (count <= 0) {
@@ -230,7 +231,7 @@ void Session::m_QuitIfEnded()
         g_main_loop_quit(m_loop.get());
 }
 
-// Real endings send two signals at once; a second one that comes later is from somebody who does not want to wait.
+// Closing a terminal or ending a login sends two signals at once. A second one that comes later kills the command.
 void Session::m_TakeSignals()
 {
     for (unsigned char signal = 0; read(g_signals[0], &signal, 1) == 1;) {

@@ -1,4 +1,4 @@
-// A console program on pipes: what it prints, the words that it gets, and its end.
+// Runs a console program on pipes.
 #pragma once
 
 #include "script/Screen.h"
@@ -36,7 +36,7 @@ private:
 class Session
 {
 public:
-    /// A command that has not ended that long after the end of its input is killed.
+    /// `limit` is how long the command may run after the end of its input; then it is killed.
     explicit Session(std::chrono::milliseconds limit) : m_limit(limit) {}
     virtual ~Session() = default;
     Session(const Session&) = delete;
@@ -47,19 +47,19 @@ protected:
     /// closes its input; when the command has ended, the process ends by that signal. Throws std::runtime_error if the
     /// command cannot be started.
     void m_Run(const std::vector<std::string>& command);
-    /// Types the word if the command takes it. A word has at most 4,095 bytes, as at a terminal.
+    /// Types the word and a line end. Returns false if that is not possible, or the word is longer than 4,095 bytes.
     bool m_Type(const std::string& word);
     void m_CloseInput();
     bool m_InputIsOpen() const { return m_input >= 0; }
     /// Whether the command ended by itself with status 0.
     bool m_EndedWell() const;
-    /// How the command ended, as "the command ended with status 3"; empty while it runs.
+    /// How the command ended, for example "the command ended with status 3"; empty while it runs.
     std::string m_Ending() const;
     std::chrono::milliseconds m_Limit() const { return m_limit; }
 
     virtual void m_OnOutput(std::string_view /*output*/) {}
     virtual void m_OnLine(const PrintedLine& line) = 0;
-    /// The tool waits at the prompt. Called again when it has waited for long, and after lines that came since.
+    /// The tool waits at the prompt. Called again with `forLong` after 1 s, and after lines that were printed since.
     virtual void m_OnPrompt(const std::string& prompt, bool forLong) = 0;
     /// The command has ended and no signal has ended the session.
     virtual void m_OnEnd() = 0;

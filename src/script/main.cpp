@@ -19,15 +19,15 @@ struct Options {
     gboolean version = FALSE;
 };
 
-// What is opened later must not be taken for the console.
+// Files that are opened later must not get the descriptor of a standard stream.
 void OpenStandardStreams()
 {
     for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
         if (fcntl(stream, F_GETFD) < 0)
-            static_cast<void>(open("/dev/null", O_RDWR)); // takes the lowest number that is free
+            static_cast<void>(open("/dev/null", O_RDWR)); // gets the lowest free number
 }
 
-// Leaves FILE, COMMAND and its arguments.
+// Removes the options; FILE, COMMAND and its arguments are left.
 Options Parse(int* count, char*** arguments)
 {
     Options options;
@@ -43,7 +43,7 @@ Options Parse(int* count, char*** arguments)
     g_option_context_set_summary(context.get(), "Plays a checked script, or records one. The command is DebugUtil, or "
                                                 "for example: ssh set-1 DebugUtil");
     g_option_context_add_main_entries(context.get(), entries, nullptr);
-    g_option_context_set_strict_posix(context.get(), TRUE); // options after FILE are the command's
+    g_option_context_set_strict_posix(context.get(), TRUE); // options after FILE belong to the command
     GError* error = nullptr;
     g_option_context_parse(context.get(), count, arguments, &error);
     std::string refused;
