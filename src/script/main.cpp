@@ -46,19 +46,19 @@ Options Parse(int* count, char*** arguments)
     g_option_context_set_strict_posix(context.get(), TRUE); // options after FILE belong to the command
     GError* error = nullptr;
     g_option_context_parse(context.get(), count, arguments, &error);
-    std::string refused;
+    std::string problem;
     if (error != nullptr) {
-        refused = error->message;
+        problem = error->message;
         g_error_free(error);
     } else if (!(options.seconds > 0 && options.seconds <= kMaxSeconds)) {
-        refused = "SECONDS is not between 0 and 86400";
+        problem = "SECONDS is not between 0 and 86400";
     } else if (options.version == FALSE && *count < 2) {
-        refused = "no FILE";
+        problem = "no FILE";
     } else if (options.tap != FALSE && options.record != FALSE) {
-        refused = "--tap and --record exclude each other";
+        problem = "--tap and --record exclude each other";
     }
-    if (!refused.empty())
-        throw std::runtime_error(refused + "; try debugutil-script --help");
+    if (!problem.empty())
+        throw std::runtime_error(problem + "; try debugutil-script --help");
     return options;
 }
 
