@@ -19,7 +19,6 @@ Player::Player(std::string name, std::vector<Line> lines, std::chrono::milliseco
 
 bool Player::Play(const std::vector<std::string>& command)
 {
-    m_AwaitNext();
     m_Run(command);
     return !m_failed;
 }
@@ -45,7 +44,7 @@ void Player::m_OnLine(const PrintedLine& line)
         m_printed.pop_front();
         ++m_dropped;
     }
-    const Line* const next = m_IsPlaying() ? &m_lines[m_next] : nullptr;
+    const Line* const next = m_InputIsOpen() ? &m_lines[m_next] : nullptr;
     if (next != nullptr && (next->Matches(line.whole) || (!line.late.empty() && next->Matches(line.late))))
         m_Met();
 }
@@ -53,7 +52,7 @@ void Player::m_OnLine(const PrintedLine& line)
 void Player::m_OnPrompt(const std::string& prompt, bool forLong)
 {
     m_prompt = prompt;
-    if (!m_IsPlaying())
+    if (!m_InputIsOpen())
         return;
     const auto word = m_lines[m_next].WordAt(prompt);
     if (!word || !(forLong || IsCertain(prompt, *word)) || !m_Type(*word))
@@ -66,7 +65,6 @@ void Player::m_OnPrompt(const std::string& prompt, bool forLong)
 
 void Player::m_OnEnd()
 {
-    m_waiting.Stop();
     if (m_next < m_lines.size()) {
         if (!m_failed)
             m_Fail(m_Ending());

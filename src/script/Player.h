@@ -23,10 +23,10 @@ public:
     bool Play(const std::vector<std::string>& command);
 
 private:
+    void m_OnStart() override { m_AwaitNext(); }
     void m_OnLine(const PrintedLine& line) override;
     void m_OnPrompt(const std::string& prompt, bool forLong) override;
     void m_OnEnd() override;
-    bool m_IsPlaying() const { return m_next < m_lines.size() && m_InputIsOpen(); }
     void m_Met();
     void m_AwaitNext();
     void m_Fail(const std::string& where);

@@ -32,7 +32,6 @@ Recorder::Recorder(std::string path, std::chrono::milliseconds limit)
 
 bool Recorder::Record(const std::vector<std::string>& command)
 {
-    m_AwaitTyping();
     m_Run(command);
     return !m_failed;
 }
@@ -70,9 +69,6 @@ void Recorder::m_OnPrompt(const std::string& prompt, bool forLong)
 
 void Recorder::m_OnEnd()
 {
-    m_waiting.Stop();
-    if (m_typing != 0)
-        g_source_remove(std::exchange(m_typing, 0));
     m_Write(m_lines);
     if (!m_file)
         m_Fail("cannot write all of it");
@@ -91,8 +87,6 @@ gboolean Recorder::OnTyped(int input, GIOCondition, gpointer recorder)
     auto* const self = static_cast<Recorder*>(recorder);
     std::array<char, 4096> buffer;
     const ssize_t count = read(input, buffer.data(), buffer.size());
-    if (count < 0 && (errno == EAGAIN || errno == EINTR))
-        return G_SOURCE_CONTINUE;
     self->m_typing = 0;
     self->m_typedAll = count <= 0;
     if (count > 0)

@@ -23,6 +23,7 @@ public:
     bool Record(const std::vector<std::string>& command);
 
 private:
+    void m_OnStart() override { m_AwaitTyping(); }
     void m_OnOutput(std::string_view output) override;
     void m_OnLine(const PrintedLine& line) override;
     void m_OnPrompt(const std::string& prompt, bool forLong) override;

@@ -88,22 +88,19 @@ void Session::m_Run(const std::vector<std::string>& command)
     const std::unique_ptr<GSubprocessLauncher, decltype(&g_object_unref)> launcher(g_subprocess_launcher_new(pipes),
                                                                                    g_object_unref);
     g_subprocess_launcher_set_child_setup(launcher.get(), IgnoreSignals, nullptr, nullptr);
-    GError* error = nullptr;
+    g_autoptr(GError) error = nullptr;
     m_process.reset(g_subprocess_launcher_spawnv(launcher.get(), arguments.data(), &error));
-    if (m_process == nullptr) {
-        const std::string reason = error->message;
-        g_error_free(error);
-        throw std::runtime_error("cannot start " + command[0] + ": " + reason);
-    }
+    if (m_process == nullptr)
+        throw std::runtime_error("cannot start " + command[0] + ": " + error->message);
     std::signal(SIGPIPE, SIG_IGN); // the end of the command is noticed by its exit
     m_input = g_unix_output_stream_get_fd(G_UNIX_OUTPUT_STREAM(g_subprocess_get_stdin_pipe(m_process.get())));
-    fcntl(m_input, F_SETFL, O_NONBLOCK);
+    fcntl(*m_input, F_SETFL, O_NONBLOCK);
     const int output = g_unix_input_stream_get_fd(G_UNIX_INPUT_STREAM(g_subprocess_get_stdout_pipe(m_process.get())));
     m_reader = g_unix_fd_add(output, GIOCondition(G_IO_IN | G_IO_HUP), OnReadable, this);
     g_subprocess_wait_async(m_process.get(), nullptr, OnExit, this);
 
+    m_OnStart();
     g_main_loop_run(m_loop.get());
-    g_source_remove(m_catcher);
     if (m_signal != 0) {
         std::signal(m_signal, SIG_DFL);
         std::raise(m_signal);
@@ -121,7 +118,7 @@ void Session::m_CatchSignals()
         static_cast<Session*>(session)->m_TakeSignals();
         return G_SOURCE_CONTINUE;
     };
-    m_catcher = g_unix_fd_add(g_signals[0], G_IO_IN, onReadable, this);
+    g_unix_fd_add(g_signals[0], G_IO_IN, onReadable, this);
     for (const int signal : kTerminationSignals) {
         struct sigaction action = {};
         sigaction(signal, nullptr, &action);
@@ -137,7 +134,7 @@ bool Session::m_Type(const std::string& word)
 {
     const std::string line = word + "\n";
     // A write of at most PIPE_BUF bytes to a pipe is never split, so the command never gets half a word.
-    if (!m_InputIsOpen() || line.size() > PIPE_BUF || write(m_input, line.data(), line.size()) < 0)
+    if (!m_InputIsOpen() || line.size() > PIPE_BUF || write(*m_input, line.data(), line.size()) < 0)
         return false;
     m_settling.Stop();
     m_screen.Answered();
@@ -148,7 +145,7 @@ void Session::m_CloseInput()
 {
     if (!m_InputIsOpen())
         return;
-    m_input = -1;
+    m_input.reset();
     g_output_stream_close(g_subprocess_get_stdin_pipe(m_process.get()), nullptr, nullptr);
     if (m_exited)
         return;

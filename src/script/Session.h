@@ -7,6 +7,7 @@
 #include <functional>
 #include <gio/gio.h>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,13 +51,15 @@ protected:
     /// Types the word and a line end. Returns false if that is not possible, or the word is longer than 4,095 bytes.
     bool m_Type(const std::string& word);
     void m_CloseInput();
-    bool m_InputIsOpen() const { return m_input >= 0; }
+    bool m_InputIsOpen() const { return m_input.has_value(); }
     /// Whether the command ended by itself with status 0.
     bool m_EndedWell() const;
     /// How the command ended, for example "the command ended with status 3"; empty while it runs.
     std::string m_Ending() const;
     std::chrono::milliseconds m_Limit() const { return m_limit; }
 
+    /// The command has been started.
+    virtual void m_OnStart() = 0;
     virtual void m_OnOutput(std::string_view /*output*/) {}
     virtual void m_OnLine(const PrintedLine& line) = 0;
     /// The tool waits at the prompt. Called again with `forLong` after 1 s, and after lines that were printed since.
@@ -80,9 +83,8 @@ private:
     Screen m_screen;
     Timer m_settling;
     Timer m_leaving;
-    int m_input = -1;
+    std::optional<int> m_input; // while it is open
     guint m_reader = 0;
-    guint m_catcher = 0;
     bool m_exited = false;
     bool m_killed = false;
     int m_signal = 0;

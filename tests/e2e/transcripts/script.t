@@ -116,6 +116,12 @@ A command that ends early or with an error, closes its output, hangs, ignores SI
         1 s:1: expected a
         1 s:1: printed since the last word:
         1 s:1: the tool is at no prompt
+  $ T=0.5 plays 'cmd> 5\nx\n' 'seq 300; printf "cmd> "; read w; echo b' 2>&1 | tail -n 3
+  s:2: printed since the last word:
+    b
+  1
+  $ T=86400 plays '# only a comment\n' 'read w; echo ended'
+  0
   $ T=3 plays 'a\nb\n' 'echo a; sleep 9 2>/dev/null & exit' 2>&1 | grep ended
   s:2: the command ended with status 0
   $ plays 'cmd> 5\na\n' 'printf "cmd> "; exec <&-; sleep 0.1; echo a' 2>&1 | grep -A 1 expected
@@ -141,12 +147,14 @@ A script that cannot be played: the exit status is 2, and the command is not sta
   $ plays 'a\n\377\n' 'touch started'
   debugutil-script: s:2: the line is not UTF-8 text
   2
-  $ echo a >s; for arguments in none . /dev/zero '-t 0 s' '-t x s' '' '--what s' '--tap --record s' 's none'; do debugutil-script $arguments; echo $?; done 2>&1
+  $ echo a >s; for arguments in none . /dev/zero '-t 0 s' '-t 86401 s' '-t x s' '' '--what s' '--tap --record s' 's none'; do debugutil-script $arguments; echo $?; done 2>&1
   debugutil-script: cannot read none: Error opening file .*: No such file or directory (re)
   2
   debugutil-script: cannot read .: .*directory (re)
   2
   debugutil-script: cannot read /dev/zero: larger than 64 MiB
+  2
+  debugutil-script: SECONDS is not between 0 and 86400; try debugutil-script --help
   2
   debugutil-script: SECONDS is not between 0 and 86400; try debugutil-script --help
   2
@@ -163,9 +171,21 @@ A script that cannot be played: the exit status is 2, and the command is not sta
   $ ls started
   ls: * (glob)
   [2]
-  $ debugutil-script --help | head -n 2
+  $ debugutil-script --help
   Usage:
     debugutil-script [OPTION?] FILE [COMMAND [ARGUMENT...]] (glob)
+  
+  Plays a checked script, or records one. The command is DebugUtil, or for example: ssh set-1 DebugUtil
+  
+  Help Options:
+    -h, --help                Show help options
+  
+  Application Options:
+    -t, --timeout=SECONDS     Await each line, and the end of the command, for that time; 10 by default
+    --tap                     Print a line in TAP for each step
+    --record                  Write the session to FILE as a script
+    --version                 Print the version
+  
 
 With --tap, one line of output per step.
 
@@ -212,12 +232,21 @@ Signals that arrive with the lines of a step are recorded as comments. The scrip
   	SIGNAL_SI_STARTED -> profile:702 (esc)
   cmd> 99
 
+  $ echo >tool "printf 'cmd> '; read w; sleep 0.4; printf '${signal}cmd> '; read w"
+  $ echo 5 99 | debugutil-script --record r sh tool >/dev/null; cat r
+  cmd> 5
+  # 	SIGNAL_SI_STARTED -> profile:702 (esc)
+  cmd> 99
+
 A recording ends with the input, or with an error when no prompt is printed for a word.
 
   $ echo 5 | debugutil-script --record r DebugUtil >/dev/null; tail -n 2 r; debugutil-script r; echo $?
    99 : Exit
   ====================================
   0
+  $ { printf 5; sleep 0.2; printf '\n9'; sleep 0.2; printf 9; } | debugutil-script --record r DebugUtil >/dev/null; grep '> .' r
+  cmd> 5
+  cmd> 99
   $ echo 5 6 | debugutil-script -t 0.3 --record r cat; echo $?; cat r
   r: no prompt for the word 5
   1

@@ -10,7 +10,8 @@ Very long words, zero bytes, and a byte-order mark before the first word.
   cmd> 
   $ { head -c 1048577 /dev/zero | tr '\0' x; echo ' 2'; } | DebugUtil | grep executing
   cmd> executing: TV Player
-  $ printf '\357\273\277 \n2 \357\273\2773' | DebugUtil | grep executing
+  $ for start in '' ' \n'; do printf "\357\273\277${start}2 \357\273\2773" | DebugUtil | grep executing; done
+  cmd> executing: TV Player
   cmd> executing: TV Player
 
 An input that cannot be read.
