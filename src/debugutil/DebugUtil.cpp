@@ -92,10 +92,10 @@ bool TCDebugUtil::m_RunOption(std::int32_t number)
                                      [number](const TSMenuOption& candidate) { return candidate.id == number; });
     if (option == m_debugUtilMenu.end()) {
         console::WriteLine("Option was not recognised " + std::to_string(number));
-        return true;
+    } else {
+        console::WriteLine("executing: " + option->name);
+        RunAction(option->name, option->action);
     }
-    console::WriteLine("executing: " + option->name);
-    RunAction(option->name, option->action);
     return m_isDebugUtilMenu && !m_exitDebugMenu;
 }
 

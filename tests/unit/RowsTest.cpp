@@ -37,7 +37,7 @@ struct Rows : testing::Test {
 
     // The last section of answers.txt, without its faults and answers.
     const std::string section = Replaced(ReadFile(ANSWERS_PATH), "(?s)^.*\n--- rows.*?\n");
-    std::istringstream rows{Replaced(section, R"((?m) \| \|.*$|^[^|]* \| [^| ].*\n)")};
+    std::istringstream rows{Replaced(section, R"((?m) \| \|.*$|^[^|\n]* \| [^| ].*\n)")};
     std::string row;
 };
 

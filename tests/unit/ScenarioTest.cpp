@@ -6,6 +6,7 @@
 #include "support/Process.h"
 #include "support/Recording.h"
 
+#include <algorithm>
 #include <glib.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -89,7 +90,7 @@ TEST(Scenario, IsParsedOrRejectedAsRecorded)
     std::istringstream cases(ReadFile(RECORD_PATH "/scenarios"));
     std::string results;
     for (std::string line; std::getline(cases, line);) {
-        line.resize(line.find(" => "));
+        line.resize(std::min(line.size(), line.find(" => ")));
         const std::unique_ptr<char, decltype(&g_free)> text(g_strcompress(line.c_str()), g_free);
         results += line + " => " + Parsed(text.get()) + "\n";
     }
