@@ -48,7 +48,7 @@ public:
 
 private:
     Interface* m_control = nullptr;
-    int m_exceptions = std::uncaught_exceptions(); // belongs to the scope, so a move leaves it
+    int m_exceptions = std::uncaught_exceptions(); // when this object was created; a move does not copy it
 };
 
 /// Takes over the object of a factory. If the factory failed, prints `failure` (unless null), releases the object (if

@@ -67,7 +67,7 @@ void OnSignal(int signal, siginfo_t* info, void* /*context*/)
 // Runs after the static objects are destroyed; one of them closes the connection to the TV service.
 __attribute__((destructor)) void EndProcess()
 {
-    termination::UnblockSignals(); // a signal that a plug-in has kept blocked until now counts
+    termination::UnblockSignals(); // delivers a signal that a plug-in has kept blocked
     if (termination::WasRequested())
         EndProcessBy(g_signal);
 }

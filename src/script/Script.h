@@ -35,7 +35,7 @@ private:
     std::shared_ptr<GRegex> m_regex;
 };
 
-/// Parses the text of a script; `name` is the file in errors. Throws std::runtime_error.
+/// Parses the text of a script; errors name the file `name`. Throws std::runtime_error for a malformed line.
 std::vector<Line> ParseScript(const std::string& name, const std::string& text);
 
 /// Reads and parses a script of at most 64 MiB. Throws std::runtime_error.

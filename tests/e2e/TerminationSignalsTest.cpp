@@ -47,7 +47,7 @@ TEST(TerminationSignals, EndTheInputAtEveryKindOfPrompt)
     struct Case {
         const char* words;
         const char* prompt;
-        std::string last; // call
+        std::string lastCall;
     };
     const std::string unsubscribed = "TVServiceAPI::DestroySignalSubscriber()";
     const Case cases[] = {
@@ -71,7 +71,7 @@ TEST(TerminationSignals, EndTheInputAtEveryKindOfPrompt)
             tool.Type("99 "); // must be ignored: the input has ended
             const Outcome outcome = tool.Finish();
             EXPECT_EQ(outcome.status, -signal) << c.words;
-            EXPECT_THAT("(no call)\n" + outcome.trace, testing::EndsWith(c.last + "\n")) << c.words;
+            EXPECT_THAT("(no call)\n" + outcome.trace, testing::EndsWith(c.lastCall + "\n")) << c.words;
             EXPECT_TRUE(ReleasesEveryObject(outcome)) << c.words;
             EXPECT_EQ(outcome.trace.find("SetSource"), std::string::npos) << c.words;
             EXPECT_EQ(outcome.err, "") << c.words;
@@ -172,7 +172,7 @@ TEST(TerminationSignals, EndTheInputAfterAPlugInThatBlocksThem)
     EXPECT_EQ(tool.Finish().status, -SIGTERM);
 }
 
-// The output pipe is full, so the tool blocks in a write with many more words to read.
+// The output pipe is full, so the tool blocks in a write while many words are still unread.
 TEST(TerminationSignals, LoseNoTextAndReadNoFurtherWord)
 {
     Tool tool;

@@ -19,7 +19,7 @@ public:
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
-    /// Kills the program that ran before. Standard error goes to the file "err". Throws std::system_error.
+    /// Starts a program, and kills the previous one. Standard error goes to the file "err". Throws std::system_error.
     void Start(const std::vector<std::string>& command, const Environment& environment = {});
     void Type(const std::string& words);
     /// Waits until the program prints that text, after the text of the last WaitFor.

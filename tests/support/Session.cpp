@@ -18,7 +18,7 @@ const std::string
     kSendingCall(R"(\n(?!TVServiceAPI::Destroy|IPipelineUtility::(CheckPending|Unregister)|TCM\S*, "Stop"))"
                  R"((TVServiceAPI|TCM|I[A-Z])\w+::\w+\()");
 
-// The number of calls of the operation that failed because of a fault.
+// How many calls of the operation failed because of a fault.
 std::size_t FailuresOf(host::Op operation)
 {
     const host::Host& host = host::Host::Instance();
@@ -42,7 +42,7 @@ Session PlaySession(host::Scenario scenario, const std::string& words)
     TCDebugUtil::StartMenu();
 
     host::SignalHub& hub = host::SignalHub::Instance();
-    hub.Unsubscribe(TCDebugUtil::SignalReceivedCallback); // the signal monitor keeps its subscription
+    hub.Unsubscribe(TCDebugUtil::SignalReceivedCallback); // row 4 of the TVS debug menu subscribes until row 5
     const std::size_t subscriptions = hub.UnsubscribeAll();
     Session session{scope.TakeRecord(), "", {}};
     const auto& calls = host::Host::Instance().calls;

@@ -76,7 +76,7 @@ bool TCMarshallingHelperProxy::Run(TVServiceAPIConnection* connection, std::stri
     const char outcome = static_cast<char>(outcomes.get());
     std::string text;
     std::getline(outcomes, text);
-    TCTreeBranch reply = Branch(std::istringstream(text)), pushed; // the tag is the direction
+    TCTreeBranch reply = Branch(std::istringstream(text)), pushed; // the tag of a pushed value is its direction
     auto next = reply.GetChildren().begin();
     for (const auto& [direction, width, plain, object] : m_values) {
         pushed.AppendChild(object == nullptr

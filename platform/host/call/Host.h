@@ -10,8 +10,8 @@
 namespace host
 {
 
-/// Created on first use and never destroyed: static objects use it before `main`, signal threads while the process
-/// exits.
+/// Created on first use and never destroyed: static objects use it before `main`, and signal threads still use it while
+/// the process exits.
 struct Host {
     Scenario scenario;
     Trace trace;

@@ -54,7 +54,7 @@ struct Scenario {
     Fault FaultOf(Op operation, unsigned call) const;
 };
 
-/// Reads a scenario from the text of a GLib key file. Throws std::runtime_error with one line that names `path` and the
+/// Reads a scenario from the text of a GLib key file. Throws std::runtime_error; the message names `path` and the
 /// invalid group, key or value.
 Scenario ParseScenario(const std::string& path, const std::string& text);
 

@@ -45,7 +45,7 @@ public:
     Trace(const Trace&) = delete;
     Trace& operator=(const Trace&) = delete;
 
-    /// Opens and truncates the file; "-" is standard error. Throws std::runtime_error with one line.
+    /// Opens and truncates the file; "-" is standard error. Throws std::runtime_error with a message of one line.
     void Open(const std::string& path);
     bool IsOpen() const { return m_descriptor >= 0; }
     /// Writes one line. If that fails, prints the error and ends tracing. Any thread.

@@ -41,7 +41,7 @@ template <class Values> std::vector<TCTreeNode> MakeRequest(const Values& values
     return request;
 }
 
-// Writes the values of the reply; returns false if it is malformed. Checks all types before it writes a value.
+// Copies the reply to the caller's variables; returns false if it is malformed. Checks all types before it copies.
 template <class Values> bool TakeReply(const Values& values, std::vector<TCTreeNode>&& reply)
 {
     DefaultNodeCreator plain;
@@ -85,7 +85,7 @@ public:
     host::Channel channel;
 };
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes values
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the SDK passes it by value
 TVServiceAPIConnection::TVServiceAPIConnection(std::string, std::string objectPath, bool)
 {
     host::Host::Instance(); // reports invalid settings before the first prompt
