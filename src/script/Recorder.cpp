@@ -104,18 +104,17 @@ void Recorder::m_Pass()
     m_typed.erase(0, m_typed.find_first_not_of(kBlanks));
     const std::string word = m_typed.substr(0, m_typed.find_first_of(kBlanks));
     const bool isWord = word.size() < m_typed.size();
+    const bool isPrompt = !m_prompt.empty() && (!isWord || m_forLong || IsCertain(m_prompt, word));
     if (!isWord && !m_typedAll) {
         m_AwaitTyping();
-    } else if (!m_InputIsOpen()) {
-        return;
-    } else if (m_prompt.empty() || (isWord && !m_forLong && !IsCertain(m_prompt, word))) {
+    } else if (m_InputIsOpen() && !isPrompt) {
         if (m_typedAll || isatty(STDIN_FILENO) == 0)
             m_waiting.Start(m_Limit(), [this, word] {
                 if (!word.empty())
                     m_Fail("no prompt for the word " + word);
                 m_CloseInput();
             });
-    } else if (isWord) {
+    } else if (m_InputIsOpen() && isWord) {
         m_PassWord(word);
         m_Pass();
     } else {

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cstring>
 #include <gio/gio.h>
+#include <sstream>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -102,10 +103,8 @@ std::vector<Line> ParseScript(const std::string& name, const std::string& text)
 {
     std::vector<Line> lines;
     int number = 0;
-    for (std::size_t begin = StartsWith(text, kByteOrderMark) ? kByteOrderMark.size() : 0; begin < text.size();) {
-        const std::size_t end = std::min(text.find('\n', begin), text.size());
-        std::string line = text.substr(begin, end - begin);
-        begin = end + 1;
+    std::istringstream stream(StartsWith(text, kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text);
+    for (std::string line; std::getline(stream, line);) {
         ++number;
         if (EndsWith(line, "\r"))
             line.pop_back();

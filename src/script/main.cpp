@@ -78,7 +78,7 @@ int main(int count, char** arguments)
         std::vector<std::string> command(words + 1, arguments + count);
         if (command.empty())
             command = {"DebugUtil"};
-        const std::chrono::milliseconds limit(static_cast<long>(options.seconds * 1000) + 1);
+        const std::chrono::milliseconds limit(static_cast<long>(options.seconds * 1000));
         const bool passed =
             options.record != FALSE
                 ? script::Recorder(file, limit).Record(command)
