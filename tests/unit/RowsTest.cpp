@@ -27,12 +27,12 @@ const host::Scenario& RowsScenario()
 }
 
 struct Rows : testing::Test {
-    Rows() { testing::internal::CaptureStderr(); }
-    ~Rows() override
+    Rows()
     {
-        testing::internal::GetCapturedStderr();
         EXPECT_NE(rows.str(), "") << ANSWERS_PATH " has no rows";
+        testing::internal::CaptureStderr();
     }
+    ~Rows() override { testing::internal::GetCapturedStderr(); }
     bool Next() { return !HasFailure() && std::getline(rows, row); }
 
     // The last section of answers.txt, without its faults and answers.

@@ -56,6 +56,8 @@ A word is typed at its own prompt only: not at another one, not at a part of the
   0
   $ plays 'cmd> 5\ncmd> 6\ngot 6\n' "$prompt $prompt"
   0
+  $ plays 'port8\nSize ? >1\ngot >1\n' 'printf port; read w; printf "Size ? "; read w; echo got $w'
+  0
   $ T=0.5 plays 'cmd> 5 6\n' "$prompt"
   s:1: expected cmd> 5 6
   s:1: the tool is at the prompt cmd> 
