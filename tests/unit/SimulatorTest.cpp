@@ -102,6 +102,7 @@ void Show(const TCServiceData& service)
 
 TEST_F(Simulator, FindsServices)
 {
+    EXPECT_EQ(TCServiceUtility::AntennaModeToDigitalChannelType(ANTENNA_MODE_UNKNOWN), 0);
     using Criteria = TCCriteriaHelper;
     void (*const builders[])(Criteria&) = {
         [](Criteria&) {},

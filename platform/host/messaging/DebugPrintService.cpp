@@ -27,13 +27,14 @@ constexpr std::size_t kMaxNameBytes = 16U << 20; // of all items together; a rep
 constexpr std::pair<std::uint32_t, const char*> kDebugModes[] = {
     {DEBUG_MODE_PRINT, "print"}, {DEBUG_MODE_SIGNAL, "signal"}, {DEBUG_MODE_PERFORMANCE, "performance"}};
 
-TCTreeNode TextNode(short tag, const std::string& text)
+// The first value of an item has the tag 0. The tags of the values of a reply are not sent.
+TCTreeNode TextNode(const std::string& text)
 {
     TCTreeBranch branch;
     branch.AppendChild({0, static_cast<std::uint32_t>(text.size())});
     if (!text.empty())
         branch.AppendChild({1, TCTreeNode::Bytes(text.begin(), text.end())});
-    return {tag, std::move(branch)};
+    return {0, std::move(branch)};
 }
 
 TCTreeNode Number(std::uint32_t number) { return {0, number}; }
@@ -126,24 +127,24 @@ std::string Screen(const State& state)
 Values Start(State& state, RequestReader& request)
 {
     request.End();
-    return {Number(1), TextNode(1, Screen(state))};
+    return {Number(1), TextNode(Screen(state))};
 }
 
 Values Execute(State& state, RequestReader& request)
 {
     const std::string word = request.TakeText();
     request.End();
-    std::uint32_t id = 0;
+    std::uint32_t id{};
     const auto [stop, error] = std::from_chars(word.data(), word.data() + word.size(), id);
     const bool isNumber = error == std::errc{} && stop == word.data() + word.size();
     if (isNumber && id == kExit)
-        return {Number(0), TextNode(1, "")};
+        return {Number(0), TextNode("")};
     const auto item = std::find_if(state.items.begin(), state.items.end(),
                                    [&](const Item& candidate) { return isNumber && candidate.id == id; });
     if (item == state.items.end())
-        return {Number(1), TextNode(1, "Not an item of this menu\n" + Screen(state))};
+        return {Number(1), TextNode("Not an item of this menu\n" + Screen(state))};
     item->on = !item->on;
-    return {Number(1), TextNode(1, Screen(state))};
+    return {Number(1), TextNode(Screen(state))};
 }
 
 Values Stop(State& /*state*/, RequestReader& request)
@@ -167,12 +168,12 @@ Values GetMenuItems(State& state, RequestReader& request)
     TCTreeBranch list;
     for (const Item& item : state.items) {
         TCTreeBranch branch;
-        branch.AppendChild(TextNode(0, item.name));
+        branch.AppendChild(TextNode(item.name));
         branch.AppendChild({1, static_cast<std::uint8_t>(item.on)});
         branch.AppendChild({2, item.id});
         list.AppendChild({kElementTag, std::move(branch)});
     }
-    return {Number(1), {1, std::move(list)}};
+    return {Number(1), {0, std::move(list)}};
 }
 
 Values SetMenuItems(State& state, RequestReader& request)

@@ -105,7 +105,7 @@ private:
     {
         TCTreeNode::Bytes bytes;
         Checked(sd_bus_message_enter_container(m_message, 'a', "y"));
-        for (unsigned char byte = 0; Checked(sd_bus_message_read_basic(m_message, 'y', &byte)) > 0;)
+        for (unsigned char byte{}; Checked(sd_bus_message_read_basic(m_message, 'y', &byte)) > 0;)
             bytes.push_back(byte);
         Checked(sd_bus_message_exit_container(m_message));
         return bytes;

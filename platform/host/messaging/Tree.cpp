@@ -153,7 +153,7 @@ void TCTreeToClassFormatter::PushLengthArray(short tag, int length, void* data, 
 {
     TCTreeNode* node = m_Next(tag);
     const auto* bytes = node == nullptr ? nullptr : std::get_if<TCTreeNode::Bytes>(&node->value);
-    m_ok = bytes != nullptr && length >= 0 && bytes->size() == static_cast<std::size_t>(length);
+    m_ok = bytes != nullptr && bytes->size() == static_cast<std::size_t>(length);
     if (m_ok && length > 0)
         std::memcpy(data, bytes->data(), bytes->size());
 }

@@ -40,7 +40,7 @@ bool TCProgramData::Title(unsigned short* buffer, unsigned int* length) const
 void TCProgramData::SetTitle(std::u16string title) { m_title = std::move(title); }
 void TCCriteriaHelper::Where(int field, int value) { m_steps.push_back({Step::WHERE, field, value}); }
 void TCCriteriaHelper::WhereNot(int field, int value) { m_steps.push_back({Step::WHERE_NOT, field, value}); }
-void TCCriteriaHelper::Fetch(int field) { m_steps.push_back({Step::FETCH, field, 0}); }
+void TCCriteriaHelper::Fetch(int field) { m_steps.push_back({Step::FETCH, field, {}}); }
 
 void TCNavigationModeHelper::GetNavigationCriteria(ENavigationMode mode, TCCriteriaHelper& criteria,
                                                    ENavigationSortMode sort)

@@ -3,7 +3,6 @@
 #include "host/simulator/Signals.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace host
 {
@@ -46,7 +45,8 @@ std::string Simulator::InterfaceOf(const ITvsSession* control)
     const auto found = controls.find(control);
     if (found == controls.end())
         return "unknown";
-    return std::string(NameOf(found->second.factory)).replace(0, std::strlen("TVServiceAPI::Create"), "I");
+    const std::string factory = NameOf(found->second.factory), create = "::Create";
+    return "I" + factory.substr(factory.find(create) + create.size());
 }
 
 const ScenarioService* Simulator::FindService(unsigned long long id) const
