@@ -28,6 +28,9 @@ TEST(MenuItems, UseTheirNodeCreator)
 {
     unsigned long none = 0;
     EXPECT_FALSE(TSMenuItem().getID() != 0 || TSMenuItem().getState() || TSMenuItem().GetSizeOfMarshalled(none));
+    TSMenuItem partial; // without its state
+    TCTreeBranch onlyName = Branch(std::istringstream("0:[0:u1 1:'N']"));
+    EXPECT_FALSE(partial.TreeToClass(onlyName) || partial.getState());
     const char* const expected[] = {"fill 1 fill 1 fill 1 ", "release release fill 1 fill 1 fill 1 ",
                                     "release release fill 2 fill 0 fill 0 ", "fill 2 fill 0 fill 0 "};
     for (const int kind : {6, 7, 8, 9}) {
