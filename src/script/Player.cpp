@@ -31,6 +31,8 @@ void Player::m_AwaitNext()
         return;
     }
     m_waiting.Start(m_Limit(), [this] {
+        if (!m_InputIsOpen())
+            return; // after a termination signal
         m_Fail(m_prompt.empty() ? "the tool is at no prompt" : "the tool is at the prompt " + m_prompt);
         m_CloseInput();
     });
@@ -38,7 +40,6 @@ void Player::m_AwaitNext()
 
 void Player::m_OnLine(const PrintedLine& line)
 {
-    m_prompt.clear(); // until the next prompt is recognized
     m_printed.push_back(line.whole);
     if (m_printed.size() > kMaxPrinted) {
         m_printed.pop_front();

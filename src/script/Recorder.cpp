@@ -127,7 +127,10 @@ void Recorder::m_PassWord(const std::string& word)
     const std::string prompt = std::exchange(m_prompt, "");
     m_promptTime = 0;
     m_typed.erase(0, word.size());
-    if (m_Type(word)) {
+    if (g_utf8_validate(word.data(), static_cast<gssize>(word.size()), nullptr) == FALSE) {
+        m_Fail("a word is not UTF-8 text");
+        m_CloseInput();
+    } else if (m_Type(word)) {
         m_Write(prompt + word + "\n");
     } else if (word.size() > 1000) {
         m_Fail("the word " + word.substr(0, 20) + "... is too long");

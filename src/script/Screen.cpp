@@ -11,7 +11,7 @@ namespace
 
 // How the lines of signals begin, in the TVS debug menu and in the TPMS test menu.
 constexpr std::string_view kSignals[] = {"[DebugUtil] SignalReceivedCallback - signal:", "\tSIGNAL_"};
-constexpr std::size_t kMaxLine = 1U << 20; // a longer line is divided, so that it does not fill the memory
+constexpr std::size_t kMaxLine = 1U << 20; // a longer line is divided there, so that it does not fill the memory
 
 std::string Valid(const std::string& bytes)
 {
@@ -25,11 +25,13 @@ std::string Valid(const std::string& bytes)
 void Screen::Add(std::string_view output, const std::function<void(const PrintedLine&)>& onLine)
 {
     while (!output.empty()) {
-        const std::size_t end = output.find('\n');
-        m_rest += output.substr(0, end);
-        if (end == std::string_view::npos && m_rest.size() <= kMaxLine)
+        const std::size_t part = std::min({output.find('\n'), output.size(), kMaxLine - m_rest.size()});
+        m_rest += output.substr(0, part);
+        output.remove_prefix(part);
+        if (output.empty())
             return;
-        output.remove_prefix(end == std::string_view::npos ? output.size() : end + 1);
+        if (output.front() == '\n')
+            output.remove_prefix(1);
         onLine(m_TakeLine());
     }
 }

@@ -4,6 +4,10 @@ Checked scripts: debugutil-script plays a script with a shell command in place o
   $ wait_for() { for i in {1..1000}; do grep -qs "$2" $1 && return; sleep 0.01; done; echo "$1 does not contain $2"; }
   $ prompt='printf "cmd> "; read w && echo "got $w";'
 
+Without -t, a line is awaited for 10 s. These two run until the end of this file.
+
+  $ echo a >ten; for late in 9 11; do debugutil-script ten sh -c "sleep $late; echo a" 2>&1 >/dev/null | head -n 1 >after.$late & done
+
 Comments, empty lines, CR LF and a byte-order mark are skipped. Blanks are not skipped. The last line needs no line end.
 
   $ plays '\357\273\277# c\r\n\r\ncmd> 5\r\ngot 5' "$prompt"
@@ -48,6 +52,11 @@ The lines are matched in order. Other printed lines are skipped, and a printed l
   s:2: expected a
   s:2: expected d
 
+Each line has its own time.
+
+  $ T=1 plays 'a\nb\n' 'for w in a b; do sleep 0.7; echo $w; done'
+  0
+
 A word is typed at its own prompt only: not at another one, not at a part of the prompt, and only one per prompt.
 
   $ plays 'Input ? >13\ngot 13\n' 'printf "Input ? "; sleep 0.2; printf ">"; read w; echo "got $w"'
@@ -58,7 +67,7 @@ A word is typed at its own prompt only: not at another one, not at a part of the
   0
   $ plays 'port8\nSize ? >1\ngot >1\n' 'printf port; read w; printf "Size ? "; read w; echo got $w'
   0
-  $ T=0.5 plays 'cmd> 5 6\n' "$prompt"
+  $ T=1.5 plays 'cmd> 5 6\n' "$prompt"
   s:1: expected cmd> 5 6
   s:1: the tool is at the prompt cmd> 
   s:1: printed since the last word: nothing
@@ -71,6 +80,8 @@ A word is typed at its own prompt only: not at another one, not at a part of the
     refused
   end
   1
+  $ word=$(printf %04095d 0); plays "cmd> $word\ngot $word\n" "$prompt"
+  0
 
 The script waits for a late signal while the prompt stays. A signal in the middle of a line does not split the line.
 
@@ -99,6 +110,11 @@ A command that ends early or with an error, closes its output, hangs, ignores SI
   1
   $ plays 'a\n' 'echo a; kill -9 $$'
   s: the command ended by signal 9
+  1
+  $ T=0.5 plays 'cmd> 5\n# c\n\r\nb\n' 'printf "cmd> "; read w; read w'
+  s:4: expected b
+  s:4: the tool is at no prompt
+  s:4: printed since the last word: nothing
   1
   $ T=0.5 plays 'a\n' 'exec >&-; read w'
   s:1: expected a
@@ -133,13 +149,25 @@ A command that ends early or with an error, closes its output, hangs, ignores SI
 On a termination signal the tool ends in order first.
 
   $ printf 'a\nb\n' >s
-  $ for end in HUP TERM; do debugutil-script s sh -c 'echo a; echo x >here; read w || { sleep 0.1; echo left; } >left' & wait_for here .; kill -$end $!; wait $! 2>/dev/null; echo $?; cat left; rm here; done
+  $ for end in HUP INT TERM; do perl -e '$SIG{INT} = "DEFAULT"; exec @ARGV' debugutil-script s sh -c 'echo a; echo x >here; read w || { sleep 0.1; echo left; } >left' & wait_for here .; kill -$end $!; wait $! 2>/dev/null; echo $?; cat left; rm here left; done
   129
+  left
+  130
   left
   143
   left
   $ mkfifo in; (trap '' HUP; exec debugutil-script s sh -c 'kill -HUP $$; echo a; echo x >here; read w <in; echo b') & wait_for here .; kill -HUP $!; sleep 0.05; echo >in; wait $!; echo $?
   0
+
+After a signal the tool gets its time to end. A second signal half a second later kills it.
+
+  $ start=$SECONDS; T=0.5 plays 'a\n' 'kill $PPID; exec sleep 20'
+  Terminated
+  143
+  $ T=20 plays 'a\n' 'kill $PPID; sleep 0.7; kill $PPID; exec sleep 20'; echo "in time: $((SECONDS - start < 15))"
+  Terminated
+  143
+  in time: 1
 
 A script that cannot be played: the exit status is 2, and the command is not started.
 
@@ -191,7 +219,7 @@ A script that cannot be played: the exit status is 2, and the command is not sta
 
 With --tap, one line of output per step.
 
-  $ printf 'cmd> 5\na # b\nc\n' >s; debugutil-script --tap -t 0.3 -- s sh -c 'printf "cmd> "; read w; echo "a # b"' 2>/dev/null
+  $ printf 'cmd> 5\na # b\nc\n' >s; debugutil-script --tap -t 0.3 -- s sh -c 'printf "cmd> "; read w; echo "a # b"; read w; echo c' 2>/dev/null
   1..4
   ok 1 - cmd> 5
   ok 2 - a \# b
@@ -218,10 +246,20 @@ A recording has the printed lines. It passes when it is played, also where a lin
   major> 6
   got 6 (glob) (glob)
   0
+  $ echo a/b | debugutil-script --record r sh -c "$prompt" >/dev/null; cat r
+  cmd> a/b
+  got a/b
   $ echo 5 6 | EXIT=7 debugutil-script --record r sh tool | tail -n 1; echo ${PIPESTATUS[1]}
   r: the command ended with status 7
   got 6 (glob)
   1
+  $ echo >tool 'head -c 3000000 /dev/zero | tr "\0" a; echo; printf "cmd> "; read w'
+  $ echo 5 | debugutil-script --record r sh tool >/dev/null; wc -l <r; debugutil-script r sh tool
+  4
+  $ for word in '\377' '5\0005'; do printf "$word" | debugutil-script --record r sh -c "$prompt exit 0" >/dev/null; done
+  r: a word is not UTF-8 text
+  r: a word is not UTF-8 text
+  [1]
 
 Signals that arrive with the lines of a step are recorded as comments. The script waits for later ones.
 
@@ -274,3 +312,11 @@ At a terminal: editing, Ctrl-C, Ctrl-D. (`script` makes the terminal.)
   $ terminal; wait_for screen 'cmd>'; printf '5\r' >&4; wait_for screen 'Get Source'; sleep 0.1; printf '\004' >&4; wait $!; echo $?; debugutil-script r; echo $?
   0
   0
+
+The two scripts without -t have ended.
+
+  $ wait; head after.*
+  ==> after.11 <==
+  ten:1: expected a
+  
+  ==> after.9 <==
