@@ -54,7 +54,7 @@ public:
 
     Scenario Read(std::string text)
     {
-        if (text.rfind(kByteOrderMark, 0) == 0)
+        if (g_str_has_prefix(text.c_str(), kByteOrderMark))
             text.erase(0, std::strlen(kByteOrderMark));
         if (text.find('\0') != std::string::npos)
             m_Fail("contains a zero byte");
