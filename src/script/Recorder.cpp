@@ -47,7 +47,7 @@ void Recorder::m_OnOutput(std::string_view output)
 // the engineer may have waited for it.
 void Recorder::m_OnLine(const PrintedLine& line)
 {
-    const std::string& text = line.isSignal && !line.late.empty() ? line.late : line.whole;
+    const std::string& text = line.isSignal ? line.late : line.whole;
     if (text.empty() || !m_InputIsOpen())
         return; // a script closes the input after its last line, so it cannot await later output
     const bool isLate = m_promptTime != 0 && g_get_monotonic_time() - m_promptTime > kLateTime;

@@ -65,14 +65,14 @@ PrintedLine Screen::m_TakeLine()
     for (const std::string_view start : kSignals)
         signal = std::min(signal, line.find(start));
     const bool isSignal = signal != std::string::npos;
-    std::size_t interrupted = 0;
+    std::string late;
     if (isSignal) {
-        interrupted = signal;
+        late = line.substr(signal);
         m_rest = line.substr(0, signal); // goes on after the signal's line
     } else if (!m_prompt.empty() && line.size() > m_prompt.size() && line.compare(0, m_prompt.size(), m_prompt) == 0) {
-        interrupted = m_prompt.size();
+        late = line.substr(m_prompt.size());
     }
-    return {Valid(line), interrupted > 0 ? Valid(line.substr(interrupted)) : "", isSignal};
+    return {Valid(line), Valid(late), isSignal};
 }
 
 } // namespace script

@@ -11,8 +11,8 @@ namespace script
 /// A printed line, in UTF-8: other bytes are U+FFFD. A line end and one CR before it are left out.
 struct PrintedLine {
     std::string whole; ///< as it is on the screen
-    std::string late;  ///< the part after the prompt at its start; empty if there is no prompt
-    bool isSignal;     ///< whether `late`, or the whole line, is the line of a signal
+    std::string late;  ///< the line of a signal in it, or the part after the prompt at its start; otherwise empty
+    bool isSignal;     ///< whether `late` is the line of a signal
 };
 
 /// Divides the output into lines and prompts. Other threads of the tool print signals at any time, also while the

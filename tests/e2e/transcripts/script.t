@@ -225,6 +225,7 @@ With --tap, one line of output per step.
   ok 2 - a \# b
   not ok 3 - c
   [1]
+  $ printf 'cmd> 5\n' >s; debugutil-script --tap s sh -c "$prompt" <&- >&- # no file gets the number of standard output
 
 A recording has the printed lines. It passes when it is played, also where a line looks like a pattern, a comment or a prompt.
 
@@ -256,9 +257,12 @@ A recording has the printed lines. It passes when it is played, also where a lin
   $ echo >tool 'head -c 3000000 /dev/zero | tr "\0" a; echo; printf "cmd> "; read w'
   $ echo 5 | debugutil-script --record r sh tool >/dev/null; wc -l <r; debugutil-script r sh tool
   4
-  $ for word in '\377' '5\0005'; do printf "$word" | debugutil-script --record r sh -c "$prompt exit 0" >/dev/null; done
+  $ for word in '\377 5' '5\0005'; do printf "$word" | debugutil-script --record r sh -c "$prompt exit 0" >/dev/null; done
   r: a word is not UTF-8 text
   r: a word is not UTF-8 text
+  [1]
+  $ printf %04096d 0 | debugutil-script --record r sh -c "$prompt exit 0" >/dev/null
+  r: the word 00000000000000000000... is too long
   [1]
 
 Signals that arrive with the lines of a step are recorded as comments. The script waits for later ones.
