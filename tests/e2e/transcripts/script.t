@@ -225,7 +225,6 @@ With --tap, one line of output per step.
   ok 2 - a \# b
   not ok 3 - c
   [1]
-  $ printf 'cmd> 5\n' >s; debugutil-script --tap s sh -c "$prompt" <&- >&- # no file gets the number of standard output
 
 A recording has the printed lines. It passes when it is played, also where a line looks like a pattern, a comment or a prompt.
 
@@ -247,7 +246,7 @@ A recording has the printed lines. It passes when it is played, also where a lin
   major> 6
   got 6 (glob) (glob)
   0
-  $ echo a/b | debugutil-script --record r sh -c "$prompt" >/dev/null; cat r
+  $ echo a/b | debugutil-script --record r sh -c "$prompt echo error >&2" >&- 2>&-; cat r # the file does not become standard error
   cmd> a/b
   got a/b
   $ echo 5 6 | EXIT=7 debugutil-script --record r sh tool | tail -n 1; echo ${PIPESTATUS[1]}
