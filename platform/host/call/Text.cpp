@@ -1,7 +1,6 @@
 #include "host/call/Text.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <glib.h>
 #include <numeric>
 #include <set>
@@ -38,9 +37,8 @@ std::string OneLine(std::string_view text, bool asLiteral)
         if (character == '\n') {
             line += "\\n";
         } else if (byte < 0x20 || byte == 0x7F || (asLiteral && byte > 0x7F)) {
-            char code[5];
-            std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned>(byte));
-            line += code;
+            constexpr const char* digits = "0123456789ABCDEF";
+            line += {'\\', 'x', digits[byte / 16], digits[byte % 16]};
         } else {
             if (asLiteral && (character == '"' || character == '\\'))
                 line += '\\';

@@ -25,8 +25,8 @@ Bus EmbeddedService::Connect()
     Checked(serverSet);
     sd_id128_t id;
     Checked(sd_id128_randomize(&id));
-    Checked(sd_bus_set_server(server.get(), 1, id));
-    Checked(sd_bus_set_anonymous(server.get(), 1));
+    Checked(sd_bus_set_server(server.get(), true, id));
+    Checked(sd_bus_set_anonymous(server.get(), true));
     Checked(sd_bus_start(server.get()));
     Checked(sd_bus_start(client.get()));
     m_thread = std::thread([this, bus = std::move(server)] {

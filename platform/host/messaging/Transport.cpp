@@ -33,7 +33,7 @@ Bus OpenBus(const std::string& setting)
     RequireKnownTransport(setting);
     Bus bus = NewBus();
     Checked(sd_bus_set_address(bus.get(), setting.c_str()));
-    Checked(sd_bus_set_bus_client(bus.get(), 1));
+    Checked(sd_bus_set_bus_client(bus.get(), true));
     Checked(sd_bus_start(bus.get()));
     return bus;
 }

@@ -59,10 +59,12 @@ the bus: the list then has the service, the tool and busctl. On a busy machine t
   TV service on (bus): cannot open the bus: Connection refused
   TV service on (bus): cannot open the bus: Connection refused
 
-A bus that does not exist, a session without a bus, and a bus that rejects all calls.
+Buses that do not exist, a session without a bus, and a bus that rejects all calls.
 
   $ echo 1 99 | TVS_BUS=unix:path=/nowhere DebugUtil 2>&1 >/dev/null
   TV service on unix:path=/nowhere: cannot open the bus: No such file or directory
+  $ echo 1 99 | DBUS_SYSTEM_BUS_ADDRESS=unix:path=/nowhere TVS_BUS=system DebugUtil 2>&1 >/dev/null
+  TV service on system: cannot open the system bus: No such file or directory
   $ echo 1 99 | env -u DBUS_SESSION_BUS_ADDRESS -u XDG_RUNTIME_DIR TVS_BUS=session DebugUtil 2>&1 >/dev/null
   TV service on session: cannot open the session bus: No medium found
   $ echo "<busconfig><listen>$bus</listen><policy context='default'><allow own='*'/><allow send_destination='org.freedesktop.DBus'/><allow receive_sender='org.freedesktop.DBus'/></policy></busconfig>" >conf
