@@ -29,7 +29,7 @@ std::optional<unsigned int> ReadTitleLength(IServiceGuide& guide, unsigned long 
     if (guide.GetProgram(serviceId, program) <= 0)
         return std::nullopt;
     unsigned short title[256] = {};
-    unsigned int length = 255;
+    unsigned int length = std::size(title) - 1;
     if (!program.Title(title, &length))
         return std::nullopt;
     return length;
