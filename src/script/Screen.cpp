@@ -69,7 +69,7 @@ PrintedLine Screen::m_TakeLine()
     if (isSignal) {
         late = line.substr(signal);
         m_rest = line.substr(0, signal); // goes on after the signal's line
-    } else if (!m_prompt.empty() && line.size() > m_prompt.size() && line.compare(0, m_prompt.size(), m_prompt) == 0) {
+    } else if (!m_prompt.empty() && line.compare(0, m_prompt.size(), m_prompt) == 0) {
         late = line.substr(m_prompt.size());
     }
     return {Valid(line), Valid(late), isSignal};
