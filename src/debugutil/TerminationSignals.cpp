@@ -42,7 +42,7 @@ void EndProcessBy(int signal)
 // Replaces stdin with the empty input. If there is none (no descriptor was left), closes stdin: the next read fails.
 void EndInput()
 {
-    if (dup2(g_emptyInput, STDIN_FILENO) < 0)
+    if (dup2(g_emptyInput, STDIN_FILENO) == -1)
         close(STDIN_FILENO);
 }
 

@@ -53,8 +53,6 @@ void Player::m_OnLine(const PrintedLine& line)
 void Player::m_OnPrompt(const std::string& prompt, bool forLong)
 {
     m_prompt = prompt;
-    if (!m_InputIsOpen())
-        return;
     const auto word = m_lines[m_next].WordAt(prompt);
     if (!word || !(forLong || IsCertain(prompt, *word)) || !m_Type(*word))
         return;

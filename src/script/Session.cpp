@@ -112,8 +112,8 @@ void Session::m_CatchSignals()
 {
     if (g_unix_open_pipe(g_signals, FD_CLOEXEC, nullptr) == FALSE)
         throw std::runtime_error("cannot make a pipe");
-    fcntl(g_signals[0], F_SETFL, O_NONBLOCK);
-    fcntl(g_signals[1], F_SETFL, O_NONBLOCK);
+    for (const int end : g_signals)
+        fcntl(end, F_SETFL, O_NONBLOCK);
     const auto onReadable = [](int, GIOCondition, gpointer session) -> gboolean {
         static_cast<Session*>(session)->m_TakeSignals();
         return G_SOURCE_CONTINUE;
@@ -134,7 +134,7 @@ bool Session::m_Type(const std::string& word)
 {
     const std::string line = word + "\n";
     // A write of at most PIPE_BUF bytes to a pipe is never split, so the command never gets half a word.
-    if (!m_InputIsOpen() || line.size() > PIPE_BUF || write(*m_input, line.data(), line.size()) < 0)
+    if (!m_InputIsOpen() || line.size() > PIPE_BUF || write(*m_input, line.data(), line.size()) == -1)
         return false;
     m_settling.Stop();
     m_screen.Answered();

@@ -62,7 +62,8 @@ protected:
     virtual void m_OnStart() = 0;
     virtual void m_OnOutput(std::string_view /*output*/) {}
     virtual void m_OnLine(const PrintedLine& line) = 0;
-    /// The tool waits at the prompt. Called again with `forLong` after 1 s, and after lines that were printed since.
+    /// The tool waits at the prompt, and its input is open. Called again with `forLong` after 1 s, and after lines that
+    /// were printed since.
     virtual void m_OnPrompt(const std::string& prompt, bool forLong) = 0;
     /// The command has ended and no signal has ended the session.
     virtual void m_OnEnd() = 0;

@@ -23,7 +23,7 @@ struct Options {
 void OpenStandardStreams()
 {
     for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
-        if (fcntl(stream, F_GETFD) < 0)
+        if (fcntl(stream, F_GETFD) == -1)
             static_cast<void>(open("/dev/null", O_RDWR)); // gets the lowest free number
 }
 

@@ -260,8 +260,8 @@ A recording has the printed lines. It passes when it is played, also where a lin
   r: a word is not UTF-8 text
   r: a word is not UTF-8 text
   [1]
-  $ printf %04096d 0 | debugutil-script --record r sh -c "$prompt exit 0" >/dev/null
-  r: the word 00000000000000000000... is too long
+  $ printf 1%04095d 0 | debugutil-script --record r sh -c "$prompt exit 0" >/dev/null
+  r: the word 10000000000000000000... is too long
   [1]
 
 Signals that arrive with the lines of a step are recorded as comments. The script waits for later ones.
