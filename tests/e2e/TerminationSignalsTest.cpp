@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <map>
 #include <random>
@@ -17,15 +17,8 @@
 namespace
 {
 
-/// Keeps the writing end of a tool's input open, so that only the signal can end the input.
-struct HeldInput {
-    explicit HeldInput(const Tool& tool)
-        : end(open(("/proc/" + std::to_string(tool.Pid()) + "/fd/0").c_str(), O_WRONLY | O_CLOEXEC))
-    {
-    }
-    ~HeldInput() { close(end); }
-    const int end;
-};
+// The tool's input. While a test has it open for writing, only a signal can end it.
+std::string InputOf(const Tool& tool) { return "/proc/" + std::to_string(tool.Pid()) + "/fd/0"; }
 
 // Whether every object that a factory created was released once. The TV service keeps signal subscribers; they are
 // destroyed by their callback and not counted here.
@@ -66,7 +59,7 @@ TEST(TerminationSignals, EndTheInputAtEveryKindOfPrompt)
             Tool tool;
             tool.Type(c.words);
             tool.WaitFor(c.prompt);
-            const HeldInput held(tool);
+            const std::ofstream held(InputOf(tool));
             kill(tool.Pid(), signal);
             tool.Type("99 "); // must be ignored: the input has ended
             const Outcome outcome = tool.Finish();
@@ -112,7 +105,7 @@ TEST(TerminationSignals, EndTheToolOnceWhenTwoArriveTogether)
                 Tool tool(scenario);
                 tool.Type("5 6 7 ");
                 tool.WaitFor("HDMI6 \n***************\nInput ? >");
-                const HeldInput held(tool);
+                const std::ofstream held(InputOf(tool));
                 if (stopped)
                     kill(tool.Pid(), SIGSTOP);
                 kill(tool.Pid(), first);
@@ -132,10 +125,10 @@ TEST(TerminationSignals, EndACallThatHangsWhenASecondOneArrives)
     Tool tool("[delay]\nISourceControl::SetSource=3600000\n");
     tool.Type("5 6 0 13 ");
     tool.WaitFor("SourceType = 13\n");
-    const HeldInput held(tool);
+    const std::ofstream held(InputOf(tool));
     kill(tool.Pid(), SIGINT);
     std::this_thread::sleep_for(std::chrono::milliseconds(1000));
-    EXPECT_TRUE(std::filesystem::exists("/proc/" + std::to_string(tool.Pid()) + "/fd/0")); // empty, not closed
+    EXPECT_TRUE(std::filesystem::exists(InputOf(tool))); // empty, not closed
     kill(tool.Pid(), SIGTERM);
     const Outcome outcome = tool.Finish();
     EXPECT_EQ(outcome.status, -SIGTERM);
@@ -153,7 +146,7 @@ TEST(TerminationSignals, EndTheInputHoweverTheToolWasStarted)
         Tool tool("", {}, command);
         tool.Type("5 6 7 ");
         tool.WaitFor("HDMI6 \n***************\nInput ? >");
-        const HeldInput held(tool);
+        const std::ofstream held(InputOf(tool));
         kill(tool.Pid(), SIGTERM);
         tool.Type("99 ");
         const Outcome outcome = tool.Finish();
@@ -168,7 +161,7 @@ TEST(TerminationSignals, EndTheInputAfterAPlugInThatBlocksThem)
     tool.Type("6 1 2 ");
     tool.WaitFor("Command not implemented");
     tool.WaitFor("cmd> ");
-    const HeldInput held(tool);
+    const std::ofstream held(InputOf(tool));
     std::this_thread::sleep_for(std::chrono::milliseconds(20)); // until it reads
     kill(tool.Pid(), SIGTERM);
 #ifdef __SANITIZE_THREAD__ // it holds the signal back until the read ends
@@ -200,7 +193,7 @@ TEST(TerminationSignals, ReachTheConsoleFromAnotherThread)
     Tool tool;
     tool.Type("1 ");
     tool.WaitFor("tvs> ");
-    const HeldInput held(tool);
+    const std::ofstream held(InputOf(tool));
     std::this_thread::sleep_for(std::chrono::milliseconds(100)); // the tool is reading by now
     const std::string tasks = "/proc/" + std::to_string(tool.Pid()) + "/task";
     for (const auto& entry : std::filesystem::directory_iterator(tasks)) {
