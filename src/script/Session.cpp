@@ -231,7 +231,7 @@ void Session::m_QuitIfEnded()
 // Closing a terminal or ending a login sends two signals at once. A second one that comes later kills the command.
 void Session::m_TakeSignals()
 {
-    for (unsigned char signal = 0; read(g_signals[0], &signal, 1) == 1;) {
+    for (unsigned char signal{}; read(g_signals[0], &signal, 1) == 1;) {
         if (m_signal == 0) {
             m_signal = signal;
             m_signalTime = g_get_monotonic_time();
