@@ -20,5 +20,6 @@ extern "C" __attribute__((visibility("default"))) void ht_subdebugmenu()
     std::cout.width(1000);
     sigset_t all;
     sigfillset(&all);
+    sigdelset(&all, SIGPIPE); // so that a test sees whether the tool ignores it
     pthread_sigmask(SIG_BLOCK, &all, nullptr);
 }

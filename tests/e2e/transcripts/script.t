@@ -149,7 +149,7 @@ A command that ends early or with an error, closes its output, hangs, ignores SI
 On a termination signal the tool ends in order first.
 
   $ printf 'a\nb\n' >s
-  $ for end in HUP INT TERM; do perl -e '$SIG{INT} = "DEFAULT"; exec @ARGV' debugutil-script s sh -c 'echo a; echo x >here; read w || { sleep 0.1; echo left; } >left' & wait_for here .; kill -$end $!; wait $! 2>/dev/null; echo $?; cat left; rm here left; done
+  $ for end in HUP INT TERM; do env --default-signal=INT debugutil-script s sh -c 'echo a; echo x >here; read w || { sleep 0.1; echo left; } >left' & wait_for here .; kill -$end $!; wait $! 2>/dev/null; echo $?; cat left; rm here left; done
   129
   left
   130
@@ -302,7 +302,7 @@ A recording ends with the input, or with an error when no prompt is printed for 
 At a terminal: editing, Ctrl-C, Ctrl-D. (`script` makes the terminal.)
 
   $ mkfifo keys; exec 4<>keys
-  $ terminal() { : >screen; TVS_TRACE=trace perl -e '$SIG{INT} = "DEFAULT"; exec @ARGV' script -qefc "debugutil-script --record r DebugUtil" /dev/null <keys >screen & }
+  $ terminal() { : >screen; TVS_TRACE=trace env --default-signal=INT script -qefc "debugutil-script --record r DebugUtil" /dev/null <keys >screen & }
   $ terminal; wait_for screen 'cmd>'; printf '5 7 9\1771\r' >&4; wait_for screen 'Source.0'; sleep 0.1; printf '\003' >&4; wait $!; echo $?; cat trace
   130
   TVServiceAPI::CreateSourceControl(1, 1) = 0
