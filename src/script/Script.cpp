@@ -24,21 +24,14 @@ bool EndsWith(std::string_view text, std::string_view end)
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
-std::string TakeMessage(GError* error)
-{
-    std::string message = error->message;
-    g_error_free(error);
-    return message;
-}
-
 std::shared_ptr<GRegex> Compile(const std::string& pattern)
 {
     constexpr auto flags = static_cast<GRegexCompileFlags>(G_REGEX_ANCHORED | G_REGEX_NEWLINE_LF);
-    GError* error = nullptr;
+    g_autoptr(GError) error = nullptr;
     std::shared_ptr<GRegex> regex(g_regex_new(pattern.c_str(), flags, GRegexMatchFlags(0), &error),
                                   [](GRegex* made) { made != nullptr ? g_regex_unref(made) : void(); });
     if (error != nullptr)
-        throw std::runtime_error(TakeMessage(error));
+        throw std::runtime_error(error->message);
     return regex;
 }
 
@@ -123,7 +116,7 @@ std::vector<Line> ReadScript(const std::string& path)
 {
     const auto release = [](gpointer object) { object != nullptr ? g_object_unref(object) : void(); };
     const std::unique_ptr<GFile, decltype(release)> file(g_file_new_for_path(path.c_str()), release);
-    GError* error = nullptr;
+    g_autoptr(GError) error = nullptr;
     const std::unique_ptr<GFileInputStream, decltype(release)> stream(g_file_read(file.get(), nullptr, &error),
                                                                       release);
     std::string text;
@@ -135,7 +128,7 @@ std::vector<Line> ReadScript(const std::string& path)
         text.append(buffer, static_cast<std::size_t>(count));
     }
     if (error != nullptr)
-        throw std::runtime_error("cannot read " + path + ": " + TakeMessage(error));
+        throw std::runtime_error("cannot read " + path + ": " + error->message);
     if (text.size() > kMaxScript)
         throw std::runtime_error("cannot read " + path + ": larger than 64 MiB");
     return ParseScript(path, text);

@@ -44,12 +44,11 @@ Options Parse(int* count, char*** arguments)
                                                 "for example: ssh set-1 DebugUtil");
     g_option_context_add_main_entries(context.get(), entries, nullptr);
     g_option_context_set_strict_posix(context.get(), TRUE); // options after FILE belong to the command
-    GError* error = nullptr;
+    g_autoptr(GError) error = nullptr;
     g_option_context_parse(context.get(), count, arguments, &error);
     std::string problem;
     if (error != nullptr) {
         problem = error->message;
-        g_error_free(error);
     } else if (!(options.seconds > 0 && options.seconds <= kMaxSeconds)) {
         problem = "SECONDS is not between 0 and 86400";
     } else if (options.version == FALSE && *count < 2) {
