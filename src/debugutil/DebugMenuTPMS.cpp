@@ -169,8 +169,10 @@ int TCDebugMenuTPMS::m_StrToInt(const std::string& text, bool* ok)
 std::optional<int> TCDebugMenuTPMS::m_AskNumber(const std::string& prompt)
 {
     std::string word;
-    bool isNumber = false;
-    const int number = console::Ask(prompt, word) ? m_StrToInt(word, &isNumber) : 0;
+    if (!console::Ask(prompt, word))
+        return std::nullopt;
+    bool isNumber{};
+    const int number = m_StrToInt(word, &isNumber);
     return isNumber ? std::optional(number) : std::nullopt;
 }
 

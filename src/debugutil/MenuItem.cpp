@@ -20,7 +20,7 @@ bool TSMenuItem::TreeToClass(TCTreeBranch& branch)
 {
     TCTreeToClassFormatter formatter(branch);
     TCMarshalableString name(&m_name);
-    unsigned char state = m_state ? 1 : 0; // the received byte may not be a valid bool
+    auto state = static_cast<unsigned char>(m_state); // the received byte may not be a valid bool
     formatter.PushMarshalableClass(0, &name);
     formatter.PushValue(1, 1, &state);
     formatter.PushValue(2, 4, &m_id);
