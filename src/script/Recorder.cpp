@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <glib-unix.h>
 #include <iostream>
@@ -132,7 +133,7 @@ void Recorder::m_PassWord(const std::string& word)
         m_CloseInput();
     } else if (m_Type(word)) {
         m_Write(prompt + word + "\n");
-    } else if (word.size() > 1000) {
+    } else if (word.size() >= PIPE_BUF) {
         m_Fail("the word " + word.substr(0, 20) + "... is too long");
         m_CloseInput();
     }

@@ -38,7 +38,7 @@ A recording has the printed lines. It passes when it is played, also where a lin
   r: a word is not UTF-8 text
   r: a word is not UTF-8 text
   [1]
-  $ printf 1%04095d 0 | debugutil-script --record r sh -c "$prompt exit 0" >/dev/null
+  $ printf '1%04095d 5' 0 | debugutil-script --record r sh -c "$prompt exit 0" >/dev/null
   r: the word 10000000000000000000... is too long
   [1]
 

@@ -216,6 +216,8 @@ A script that cannot be played: the exit status is 2, and the command is not sta
     --record                  Write the session to FILE as a script
     --version                 Print the version
   
+  $ debugutil-script --version
+  debugutil-script [0-9.]+ (re)
 
 With --tap, one line of output per step.
 
